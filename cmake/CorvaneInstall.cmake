@@ -1,0 +1,21 @@
+# Installation and the package files behind find_package(Corvane).
+
+include(CMakePackageConfigHelpers)
+
+set(corvane_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Corvane)
+
+install(TARGETS corvane_core EXPORT CorvaneTargets
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/corvane DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+    FILES_MATCHING PATTERN "*.h")
+install(EXPORT CorvaneTargets NAMESPACE corvane:: DESTINATION ${corvane_package_dir})
+
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/CorvaneConfig.cmake.in
+    ${PROJECT_BINARY_DIR}/CorvaneConfig.cmake INSTALL_DESTINATION ${corvane_package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/CorvaneConfigVersion.cmake
+    COMPATIBILITY SameMinorVersion)
+install(FILES
+    ${PROJECT_BINARY_DIR}/CorvaneConfig.cmake
+    ${PROJECT_BINARY_DIR}/CorvaneConfigVersion.cmake
+    ${PROJECT_SOURCE_DIR}/cmake/FindCctz.cmake
+    DESTINATION ${corvane_package_dir})
