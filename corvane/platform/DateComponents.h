@@ -1,0 +1,21 @@
+// The calendar fields of a moment, each of which may be unset.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+namespace corvane::platform {
+
+/// Plain data; months and days count from 1. Nothing checks that the fields make a real date.
+struct DateComponents {
+    std::optional<std::int64_t> year = std::nullopt;
+    std::optional<std::int64_t> month = std::nullopt;
+    std::optional<std::int64_t> day = std::nullopt;
+    std::optional<std::int64_t> hour = std::nullopt;
+    std::optional<std::int64_t> minute = std::nullopt;
+    std::optional<std::int64_t> second = std::nullopt;
+
+    friend bool operator==(const DateComponents&, const DateComponents&) = default;
+};
+
+}  // namespace corvane::platform
