@@ -1,0 +1,195 @@
+#include "corvane/platform/FileReplacement.h"
+
+#include "corvane/platform/FileDescriptor.h"
+
+#include <sys/stat.h>
+
+#include <atomic>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+namespace corvane::platform {
+
+namespace {
+
+// The functions below return 0 or the errno value of what failed.
+
+struct Job {
+    std::string path;  // where the file goes, links at the end followed
+    std::string staging;
+    std::span<const std::byte> content;
+    Durability durability;
+    std::optional<mode_t> permissions;  // of the file that stands there already
+
+    // Closed to others until the permissions of a replaced file are set.
+    mode_t creationMode() const { return permissions ? 0600 : 0666; }
+};
+
+std::string directoryOf(const std::string& path) {
+    std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos) return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+Error describe(const std::string& path, int failure) {
+    return Error::fromErrno("cannot write '" + path + "'", failure);
+}
+
+/// Looks at what stands at the job's path, and follows a link there.
+std::optional<Error> examineTarget(Job& job) {
+    struct stat status {};
+    const char* path = systemPath(job.path);
+    if (!*path) return describe(job.path, ENOENT);
+    if (::lstat(path, &status) != 0) {
+        return errno == ENOENT ? std::nullopt : std::optional(describe(job.path, errno));
+    }
+    if (S_ISLNK(status.st_mode)) {
+        std::unique_ptr<char, decltype(&std::free)> real(::realpath(path, nullptr), &std::free);
+        if (!real && errno == ENOENT) return std::nullopt;
+        if (!real || ::stat(real.get(), &status) != 0) return describe(job.path, errno);
+        job.path = real.get();
+    }
+    if (S_ISDIR(status.st_mode)) return describe(job.path, EISDIR);
+    if (!S_ISREG(status.st_mode)) {
+        return Error{"posix", EINVAL, "cannot write '" + job.path + "': not a regular file"};
+    }
+    job.permissions = status.st_mode & 0777;
+    return std::nullopt;
+}
+
+int writeAll(int file, std::span<const std::byte> content) {
+    while (!content.empty()) {
+        ssize_t count =
+            retryOnInterrupt([&] { return ::write(file, content.data(), content.size()); });
+        if (count < 0) return errno;
+        if (count == 0) return EIO;
+        content = content.subspan(static_cast<std::size_t>(count));
+    }
+    return 0;
+}
+
+/// Network file systems report a full disk only when a descriptor is closed.
+int flushByClosing(int file) {
+    FileDescriptor twin(::fcntl(file, F_DUPFD_CLOEXEC, 0));
+    if (!twin) return errno;
+    if (::close(twin.release()) != 0 && errno != EINTR) return errno;
+    return 0;
+}
+
+int fill(int file, const Job& job) {
+    struct stat status {};
+    if (::fstat(file, &status) != 0) return errno;
+    bool differs = job.permissions && (status.st_mode & 0777) != *job.permissions;
+    if (differs && ::fchmod(file, *job.permissions) != 0) return errno;
+    if (int failure = writeAll(file, job.content)) return failure;
+    if (job.durability == Durability::Rename) return flushByClosing(file);
+    return retryOnInterrupt([&] { return ::fsync(file); }) == 0 ? 0 : errno;
+}
+
+/// A name in the staging directory that goes away again unless it was moved to its place.
+class HiddenName {
+  public:
+    explicit HiddenName(const std::string& directory) : directory_(directory) {}
+    HiddenName(const HiddenName&) = delete;
+    HiddenName& operator=(const HiddenName&) = delete;
+    ~HiddenName() {
+        if (exists_) ::unlink(path_.c_str());
+    }
+
+    /// Calls `create(path)`, which must fail with EEXIST where the name is taken, with one name
+    /// after the other until it answers anything else.
+    template <class Create>
+    bool create(Create tryCreate) {
+        static std::atomic<std::uint64_t> counter = 0;
+        do {
+            path_ = directory_ + "/.corvane-" + std::to_string(::getpid()) + "-" +
+                    std::to_string(counter++);
+            exists_ = tryCreate(path_);
+        } while (!exists_ && errno == EEXIST);
+        return exists_;
+    }
+
+    int moveTo(const std::string& path) {
+        if (std::rename(path_.c_str(), systemPath(path)) != 0) return errno;
+        exists_ = false;
+        return 0;
+    }
+
+  private:
+    const std::string& directory_;
+    std::string path_;
+    bool exists_ = false;
+};
+
+/// None where a file without a name cannot be made or cannot be given one.
+std::optional<int> publishNamelessFile(const Job& job) {
+    FileDescriptor file = openFile(job.staging, O_TMPFILE | O_WRONLY, job.creationMode());
+    if (!file) return std::nullopt;
+    if (int failure = fill(file.get(), job)) return failure;
+    std::string source = "/proc/self/fd/" + std::to_string(file.get());
+    auto link = [&](const std::string& path) {
+        return ::linkat(AT_FDCWD, source.c_str(), AT_FDCWD, systemPath(path), AT_SYMLINK_FOLLOW) ==
+               0;
+    };
+    if (!job.permissions && link(job.path)) return 0;
+    HiddenName name(job.staging);
+    if (!name.create(link)) return std::nullopt;
+    return name.moveTo(job.path);
+}
+
+int publishHiddenFile(const Job& job) {
+    HiddenName name(job.staging);
+    FileDescriptor file;
+    bool created = name.create([&](const std::string& path) {
+        file = openFile(path, O_CREAT | O_EXCL | O_WRONLY, job.creationMode());
+        return static_cast<bool>(file);
+    });
+    if (!created) return errno;
+    if (int failure = fill(file.get(), job)) return failure;
+    return name.moveTo(job.path);
+}
+
+int syncDirectory(const std::string& path) {
+    FileDescriptor directory = openFile(path, O_RDONLY | O_DIRECTORY);
+    if (!directory) return errno;
+    if (retryOnInterrupt([&] { return ::fsync(directory.get()); }) == 0) return 0;
+    return errno == EINVAL ? 0 : errno;  // EINVAL: this file system syncs no directories
+}
+
+template <class Publish>
+std::optional<Error> replace(const std::string& path, std::span<const std::byte> content,
+                             Durability durability,
+                             const std::optional<std::string>& stagingDirectory, Publish publish) {
+    Job job{path, {}, content, durability, std::nullopt};
+    if (auto refusal = examineTarget(job)) return refusal;
+    job.staging = stagingDirectory.value_or(directoryOf(job.path));
+    int failure = publish(job);
+    if (failure == 0 && durability == Durability::Synced) {
+        failure = syncDirectory(directoryOf(job.path));
+    }
+    if (failure != 0) return describe(path, failure);
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<Error> replaceFile(const std::string& path, std::span<const std::byte> content,
+                                 Durability durability,
+                                 const std::optional<std::string>& stagingDirectory) {
+    return replace(path, content, durability, stagingDirectory, [](const Job& job) {
+        // Whatever keeps a nameless file from its place, the ordinary way either gets there or
+        // finds the reason.
+        auto failure = publishNamelessFile(job);
+        return failure ? *failure : publishHiddenFile(job);
+    });
+}
+
+std::optional<Error> replaceFileThroughHiddenName(
+    const std::string& path, std::span<const std::byte> content, Durability durability,
+    const std::optional<std::string>& stagingDirectory) {
+    return replace(path, content, durability, stagingDirectory, publishHiddenFile);
+}
+
+}  // namespace corvane::platform
