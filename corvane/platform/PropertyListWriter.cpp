@@ -1,0 +1,279 @@
+#include "corvane/platform/PropertyListWriter.h"
+
+#include "corvane/platform/BigEndian.h"
+#include "corvane/platform/PropertyListFormat.h"
+#include "corvane/platform/TextEncoding.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <functional>
+#include <limits>
+
+namespace corvane::platform {
+
+using Ref = PropertyListWriter::Ref;
+
+namespace {
+
+constexpr Ref kFalseRef = 0;
+constexpr Ref kTrueRef = 1;
+constexpr std::size_t kFirstTextSlots = 256;
+constexpr std::size_t kChunkSize = 64 * 1024;
+
+// Sizes of integers in the format: 1, 2 or 4 bytes unsigned, else 8 signed.
+unsigned integerSize(std::uint64_t number) {
+    unsigned size = plist::byteCount(number);
+    return size == 3 ? 4 : size > 4 ? 8 : size;
+}
+
+unsigned log2(unsigned size) {
+    return static_cast<unsigned>(std::countr_zero(size));
+}
+
+std::size_t sizePrefix(std::uint64_t size) {
+    return size < plist::kSizeFollows ? 1 : 2 + integerSize(size);
+}
+
+/// What the first bytes of an object say about it.
+struct Extent {
+    std::size_t prefix;  ///< of marker and size
+    std::size_t bytes;   ///< after the prefix, where they are not references
+    std::size_t refs;    ///< after the prefix
+};
+
+Extent extentOf(const std::uint8_t* object) {
+    const unsigned low = object[0] & 0x0F;
+    switch (object[0] & 0xF0) {
+        case plist::kNull:
+            return {1, 0, 0};
+        case plist::kInteger:
+        case plist::kReal:
+            return {1, std::size_t{1} << low, 0};
+        case plist::kUID:
+            return {1, low + std::size_t{1}, 0};
+        default:
+            break;
+    }
+    std::size_t prefix = 1;
+    std::size_t count = low;
+    if (low == plist::kSizeFollows) {
+        const unsigned width = 1u << (object[1] & 0x0F);
+        prefix = 2 + width;
+        count = readBigEndian(object + 2, width);
+    }
+    switch (object[0] & 0xF0) {
+        case plist::kArray:
+            return {prefix, 0, count};
+        case plist::kDictionary:
+            return {prefix, 0, 2 * count};
+        case plist::kUTF16:
+            return {prefix, 2 * count, 0};
+        default:
+            return {prefix, count, 0};
+    }
+}
+
+// Writes an object with its references in `refSize` bytes. Stores whole words, which may reach
+// behind the object, while they end before `limit`.
+std::uint8_t* writeObject(const std::uint8_t* object, std::uint8_t* at, unsigned refSize,
+                          const std::uint8_t* limit) {
+    const Extent extent = extentOf(object);
+    at = std::copy_n(object, extent.prefix + extent.bytes, at);
+    object += extent.prefix;
+    for (std::size_t i = 0; i < extent.refs; ++i, object += sizeof(Ref), at += refSize) {
+        Ref ref;
+        std::memcpy(&ref, object, sizeof ref);
+        at + 8 <= limit ? writeBigEndianWide(at, ref, refSize) : writeBigEndian(at, ref, refSize);
+    }
+    return at;
+}
+
+}  // namespace
+
+PropertyListWriter::PropertyListWriter() : texts_(kFirstTextSlots) {
+    // The two flags come first, so that no text ever has number 0.
+    for (std::uint8_t flag : {plist::kFalse, plist::kTrue}) {
+        append(1);
+        put({&flag, 1});
+    }
+}
+
+// Begins an object, which must be put in full before the next one begins.
+Ref PropertyListWriter::append(std::size_t size) {
+    if (size > room_) {
+        room_ = std::max(size, kChunkSize);
+        chunks_.emplace_back(new std::uint8_t[room_]);
+        free_ = chunks_.back().get();
+    }
+    byteCount_ += size;
+    overflow_ = overflow_ || objects_.size() >= std::numeric_limits<Ref>::max();
+    if (overflow_) return kFalseRef;
+    objects_.push_back(free_);
+    return static_cast<Ref>(objects_.size() - 1);
+}
+
+void PropertyListWriter::put(std::span<const std::uint8_t> bytes) {
+    free_ = std::copy(bytes.begin(), bytes.end(), free_);
+    room_ -= bytes.size();
+}
+
+void PropertyListWriter::putSize(std::uint8_t marker, std::uint64_t size) {
+    if (size < plist::kSizeFollows) {
+        const auto object = static_cast<std::uint8_t>(marker | size);
+        return put({&object, 1});
+    }
+    const unsigned width = integerSize(size);
+    std::uint8_t prefix[10] = {static_cast<std::uint8_t>(marker | plist::kSizeFollows),
+                               static_cast<std::uint8_t>(plist::kInteger | log2(width))};
+    writeBigEndian(prefix + 2, size, width);
+    put({prefix, 2 + width});
+}
+
+Ref PropertyListWriter::addBoolean(bool flag) {
+    return flag ? kTrueRef : kFalseRef;
+}
+
+Ref PropertyListWriter::appendNumber(std::uint8_t marker, std::uint64_t number, unsigned size) {
+    const Ref ref = append(1 + size);
+    std::uint8_t object[9] = {marker};
+    writeBigEndian(object + 1, number, size);
+    put({object, 1 + size});
+    return ref;
+}
+
+Ref PropertyListWriter::addInteger(std::int64_t number) {
+    auto [entry, isNew] = integers_.try_emplace(number, 0);
+    if (isNew) {
+        const unsigned size = integerSize(static_cast<std::uint64_t>(number));
+        entry->second = appendNumber(static_cast<std::uint8_t>(plist::kInteger | log2(size)),
+                                     static_cast<std::uint64_t>(number), size);
+    }
+    return entry->second;
+}
+
+Ref PropertyListWriter::addReal(double number) {
+    const auto bits = std::bit_cast<std::uint64_t>(number);
+    auto [entry, isNew] = reals_.try_emplace(bits, 0);
+    if (isNew) entry->second = appendNumber(plist::kReal | 3, bits, 8);
+    return entry->second;
+}
+
+Ref PropertyListWriter::addUID(std::uint32_t uid) {
+    if (uid >= uids_.size())
+        uids_.resize(std::max<std::size_t>(uid + std::size_t{1}, 2 * uids_.size()));
+    if (uids_[uid] == 0) {
+        const unsigned size = integerSize(uid);
+        uids_[uid] = appendNumber(static_cast<std::uint8_t>(plist::kUID | (size - 1)), uid, size);
+    }
+    return uids_[uid];
+}
+
+Ref PropertyListWriter::addData(std::span<const std::byte> data) {
+    const Ref ref = append(sizePrefix(data.size()) + data.size());
+    putSize(plist::kData, data.size());
+    put({reinterpret_cast<const std::uint8_t*>(data.data()), data.size()});
+    return ref;
+}
+
+Ref PropertyListWriter::addText(std::string_view text) {
+    if (isASCII(text)) {
+        return addUniquePayload(plist::kASCII, text.size(),
+                                {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+    }
+    const std::vector<std::uint8_t> units = utf16BigEndianFromUTF8(text);
+    return addUniquePayload(plist::kUTF16, units.size() / 2, units);
+}
+
+Ref PropertyListWriter::addKey(std::string_view key) {
+    const auto address = reinterpret_cast<std::uintptr_t>(key.data());
+    Ref& recent = recentKeys_[(address >> 3 ^ address >> 10) % recentKeys_.size()];
+    const std::span payload(reinterpret_cast<const std::uint8_t*>(key.data()), key.size());
+    if (recent == 0 || !isText(recent, plist::kASCII, payload)) recent = addText(key);
+    return recent;
+}
+
+Ref PropertyListWriter::addUniquePayload(std::uint8_t marker, std::uint64_t size,
+                                         std::span<const std::uint8_t> payload) {
+    if (4 * textCount_ >= 3 * texts_.size()) growTexts();
+    const auto hash = static_cast<std::uint32_t>(std::hash<std::string_view>{}(
+        {reinterpret_cast<const char*>(payload.data()), payload.size()}));
+    std::size_t i = hash & (texts_.size() - 1);
+    for (; texts_[i].ref != 0; i = (i + 1) & (texts_.size() - 1))
+        if (texts_[i].hash == hash && isText(texts_[i].ref, marker, payload)) return texts_[i].ref;
+
+    const Ref ref = append(sizePrefix(size) + payload.size());
+    putSize(marker, size);
+    put(payload);
+    texts_[i] = {hash, ref};
+    ++textCount_;
+    return ref;
+}
+
+bool PropertyListWriter::isText(Ref ref, std::uint8_t marker,
+                                std::span<const std::uint8_t> payload) const {
+    const std::uint8_t* candidate = objects_[ref];
+    if ((candidate[0] & 0xF0) != marker) return false;
+    const Extent extent = extentOf(candidate);
+    return extent.bytes == payload.size() &&
+           std::memcmp(candidate + extent.prefix, payload.data(), payload.size()) == 0;
+}
+
+void PropertyListWriter::growTexts() {
+    std::vector<TextSlot> grown(2 * texts_.size());
+    for (const TextSlot& slot : texts_) {
+        if (slot.ref == 0) continue;
+        std::size_t i = slot.hash & (grown.size() - 1);
+        while (grown[i].ref != 0)
+            i = (i + 1) & (grown.size() - 1);
+        grown[i] = slot;
+    }
+    texts_ = std::move(grown);
+}
+
+Ref PropertyListWriter::appendContainer(std::uint8_t marker, std::uint64_t count,
+                                        std::span<const Ref> first, std::span<const Ref> second) {
+    const Ref ref = append(sizePrefix(count) + first.size_bytes() + second.size_bytes());
+    putSize(marker, count);
+    for (auto refs : {first, second})
+        put({reinterpret_cast<const std::uint8_t*>(refs.data()), refs.size_bytes()});
+    refCount_ += first.size() + second.size();
+    return ref;
+}
+
+Ref PropertyListWriter::addArray(std::span<const Ref> elements) {
+    return appendContainer(plist::kArray, elements.size(), elements, {});
+}
+
+Ref PropertyListWriter::addDictionary(std::span<const Ref> keys, std::span<const Ref> values) {
+    return appendContainer(plist::kDictionary, keys.size(), keys, values);
+}
+
+std::optional<Bytes> PropertyListWriter::finish(Ref top) const {
+    if (overflow_) return std::nullopt;
+    const unsigned refSize = plist::byteCount(objects_.size());
+    const std::uint64_t tableStart =
+        plist::kMagic.size() + byteCount_ - refCount_ * sizeof(Ref) + refCount_ * refSize;
+    const unsigned offsetSize = plist::byteCount(tableStart);
+
+    Bytes file(tableStart + objects_.size() * offsetSize + plist::kTrailerSize);
+    auto* const begin = reinterpret_cast<std::uint8_t*>(file.data());
+    std::uint8_t* const table = begin + tableStart;
+    std::uint8_t* at = std::copy(plist::kMagic.begin(), plist::kMagic.end(), begin);
+    std::uint8_t* entry = table;
+    for (const std::uint8_t* object : objects_) {
+        writeBigEndianWide(entry, static_cast<std::uint64_t>(at - begin), offsetSize);
+        entry += offsetSize;
+        at = writeObject(object, at, refSize, table);
+    }
+
+    std::fill_n(entry, plist::kTrailerSize, std::uint8_t{0});
+    entry[plist::kTrailerOffsetSize] = static_cast<std::uint8_t>(offsetSize);
+    entry[plist::kTrailerRefSize] = static_cast<std::uint8_t>(refSize);
+    writeBigEndian(entry + plist::kTrailerObjectCount, objects_.size(), 8);
+    writeBigEndian(entry + plist::kTrailerTopObject, top, 8);
+    writeBigEndian(entry + plist::kTrailerTableStart, tableStart, 8);
+    return file;
+}
+
+}  // namespace corvane::platform

@@ -1,0 +1,81 @@
+// Composes a binary property list from the inside out: contents first, then what holds them.
+#pragma once
+
+#include "corvane/platform/Bytes.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace corvane::platform {
+
+/// Each add operation returns the number of the object, by which later containers refer to it.
+/// Equal texts, numbers and UIDs become one object. How wide a reference must be shows only at the
+/// end, so containers keep their references apart until then.
+class PropertyListWriter {
+  public:
+    using Ref = std::uint32_t;
+
+    PropertyListWriter();
+
+    Ref addBoolean(bool flag);
+    Ref addInteger(std::int64_t number);
+    Ref addReal(double number);
+    Ref addData(std::span<const std::byte> data);
+    Ref addUID(std::uint32_t uid);
+
+    /// UTF-8 in; ill-formed sequences are written as U+FFFD.
+    Ref addText(std::string_view text);
+
+    /// The same for a text that is often added from the same place in memory, such as a key.
+    Ref addKey(std::string_view key);
+
+    Ref addArray(std::span<const Ref> elements);
+
+    /// REQUIRES: as many values as keys, and keys that are texts.
+    Ref addDictionary(std::span<const Ref> keys, std::span<const Ref> values);
+
+    /// The file with `top` as its top object; none when it would hold 2^32 objects or more.
+    std::optional<Bytes> finish(Ref top) const;
+
+  private:
+    Ref append(std::size_t size);
+    Ref appendContainer(std::uint8_t marker, std::uint64_t count, std::span<const Ref> first,
+                        std::span<const Ref> second);
+    Ref appendNumber(std::uint8_t marker, std::uint64_t number, unsigned size);
+    void put(std::span<const std::uint8_t> bytes);
+    void putSize(std::uint8_t marker, std::uint64_t size);
+    Ref addUniquePayload(std::uint8_t marker, std::uint64_t size,
+                         std::span<const std::uint8_t> payload);
+    bool isText(Ref ref, std::uint8_t marker, std::span<const std::uint8_t> payload) const;
+    void growTexts();
+
+    // The objects as they will stand in the file, except that references take four bytes here. In
+    // chunks, because they grow to the size of the file and would be copied again and again.
+    std::vector<std::unique_ptr<std::uint8_t[]>> chunks_;
+    std::uint8_t* free_ = nullptr;
+    std::size_t room_ = 0;
+    std::vector<const std::uint8_t*> objects_;
+    std::uint64_t byteCount_ = 0;  ///< of all objects
+    std::uint64_t refCount_ = 0;   ///< of all references in them
+    bool overflow_ = false;
+
+    struct TextSlot {
+        std::uint32_t hash = 0;
+        Ref ref = 0;
+    };
+    std::vector<TextSlot> texts_;  ///< open addressing; ref 0 is never a text
+    std::size_t textCount_ = 0;
+    std::array<Ref, 128> recentKeys_{};  ///< by address; what is found is compared
+    std::vector<Ref> uids_;              ///< by UID; 0 where there is none yet
+    std::unordered_map<std::int64_t, Ref> integers_;
+    std::unordered_map<std::uint64_t, Ref> reals_;
+};
+
+}  // namespace corvane::platform
