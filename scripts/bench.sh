@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# Runs the benchmarks of a build folder and prints each result as a ratio to its baseline.
+# usage: bench.sh BUILD_FOLDER [REGEX]
+set -euo pipefail
+build=$1 filter=${2:-.}
+here=$(dirname "$0")
+results=$(mktemp)
+trap 'rm -f "$results"' EXIT
+
+"$build/bench/archive_bench" --benchmark_filter="$filter" --benchmark_repetitions=3 \
+    --benchmark_out="$results" --benchmark_out_format=json --benchmark_display_aggregates_only=true
+echo
+python3 "$here/bench_ratios.py" "$results"
+echo
+"$build/bench/archive_memory"
+echo
+bash "$here/bench_companion.sh" "$build/apps/cli/corvane"
