@@ -7,7 +7,7 @@ set(corvane_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Corvane)
 install(TARGETS corvane_core EXPORT CorvaneTargets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/corvane DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
-    FILES_MATCHING PATTERN "*.h")
+    FILES_MATCHING PATTERN "*.h" PATTERN strings EXCLUDE)
 install(EXPORT CorvaneTargets NAMESPACE corvane:: DESTINATION ${corvane_package_dir})
 
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/CorvaneConfig.cmake.in

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Checks what no compiler checks: formatting, layers, self-sufficient headers' names, and that every
-source and test on disk is listed in a CMakeLists.txt."""
+"""Checks what no compiler checks: formatting, layers, and that every source and test on disk is
+listed in a CMakeLists.txt."""
 
 import pathlib
 import re

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "corvane/bridge/HGTaskProxy.h"
-#include "corvane/platform/Instant.h"
 #include "corvane/platform/URL.h"
 
 #include <functional>

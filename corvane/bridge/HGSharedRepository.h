@@ -51,6 +51,9 @@ class HGSharedRepository final : public platform::Archivable {
     void encodeWithCoder(platform::KeyedArchiver& coder) const override;
     std::string_view archiveClassName() const override { return kArchiveClassName; }
 
+    HGSharedRepository(const HGSharedRepository&) = delete;
+    HGSharedRepository& operator=(const HGSharedRepository&) = delete;
+
     /// The process's repository: empty until one is restored; never reads the disk by itself.
     static std::shared_ptr<HGSharedRepository> defaultRepository();
 

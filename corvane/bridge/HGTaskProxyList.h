@@ -33,6 +33,9 @@ class HGTaskProxyList final : public platform::Archivable {
     void encodeWithCoder(platform::KeyedArchiver& coder) const override;
     std::string_view archiveClassName() const override { return kArchiveClassName; }
 
+    HGTaskProxyList(const HGTaskProxyList&) = delete;
+    HGTaskProxyList& operator=(const HGTaskProxyList&) = delete;
+
     std::size_t count() const { return taskProxies_ ? taskProxies_->size() : 0; }
 
     /// Null when the index is negative or not below count().

@@ -46,8 +46,6 @@ void HGTaskProxyManager::reloadTaskProxyModels(
         todayModel_ = modelForKey(*taskProxyModels, HGSharedInfoTaskProxyModelTodayKey);
         nextModel_ = modelForKey(*taskProxyModels, HGSharedInfoTaskProxyModelNextKey);
         waitingForModel_ = modelForKey(*taskProxyModels, HGSharedInfoTaskProxyModelWaitingForKey);
-    }
-    if (taskProxyModels) {
         starredList_ = listForSection(todayModel_, HGTaskProxyModelSectionStarred);
         dueTodayList_ = listForSection(todayModel_, HGTaskProxyModelSectionDueToday);
         dueTomorrowList_ = listForSection(nextModel_, HGTaskProxyModelSectionDueTomorrow);

@@ -33,6 +33,9 @@ class HGTaskProxyModel final : public platform::Archivable {
     void encodeWithCoder(platform::KeyedArchiver& coder) const override;
     std::string_view archiveClassName() const override { return kArchiveClassName; }
 
+    HGTaskProxyModel(const HGTaskProxyModel&) = delete;
+    HGTaskProxyModel& operator=(const HGTaskProxyModel&) = delete;
+
     std::size_t numberOfSections() const { return taskProxyLists_ ? taskProxyLists_->size() : 0; }
 
     /// Throws std::out_of_range unless section < numberOfSections(): ask that first.

@@ -8,6 +8,7 @@
 #include "corvane/bridge/HGTaskProxy.h"
 #include "corvane/bridge/HGTaskProxyList.h"
 #include "corvane/bridge/HGTaskProxyModel.h"
+#include "corvane/platform/KeyedUnarchiver.h"
 
 namespace corvane {
 

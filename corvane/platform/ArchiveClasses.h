@@ -27,11 +27,13 @@ class ArchiveClasses {
         return *this;
     }
 
-    /// Registers T under T::kArchiveClassName, made with T(KeyedUnarchiver&).
+    /// Registers T under T::kArchiveClassName, made with T(KeyedUnarchiver&) among all that the
+    /// archive decodes to. Whoever calls this must have included KeyedUnarchiver.h.
     template <class T>
     ArchiveClasses& add() {
-        return add(std::string(T::kArchiveClassName),
-                   [](KeyedUnarchiver& coder) { return Value(std::make_shared<T>(coder)); });
+        return add(std::string(T::kArchiveClassName), [](auto& coder) {
+            return Value(std::allocate_shared<T>(ArenaAllocator<T>(coder.arena()), coder));
+        });
     }
 
     /// Serves every class without an entry of its own. Without one, such a class makes the whole

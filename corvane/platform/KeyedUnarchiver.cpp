@@ -161,7 +161,7 @@ inline std::uint64_t KeyedUnarchiver::find(ArchiveKey key) {
     return record_ && !failed_ ? findIn(*record_, key) : kNothing;
 }
 
-// The slot that an object refers to; 0, the absent one, also for what is no reference at all.
+// The slot that an object refers to. What is no reference to a slot is a fault.
 inline KeyedUnarchiver::Slot KeyedUnarchiver::slotAt(std::uint64_t objectNumber) {
     const Slot slot = reader_.uid(objectNumber);
     if (slot < objects_.count) return slot;

@@ -43,7 +43,7 @@ class KeyedUnarchiver {
 
     // For factories: the value under a key of the current record. A missing key, an absent object
     // and an object of another type all read as absent, 0 or false. Flags may be stored as numbers
-    // and numbers as flags.
+    // and numbers as flags. A text in place where an object or a number belongs is malformed.
 
     bool decodeBool(ArchiveKey key);
     std::int64_t decodeInteger(ArchiveKey key);  ///< reals are truncated
