@@ -71,15 +71,20 @@ std::optional<std::string> HGInsertQueue::taskProxiesFilePath() const {
     return directory->appendingPathComponent(taskProxiesFileName()).path();
 }
 
-bool HGInsertQueue::addTaskProxies(const TaskProxies& taskProxies) const {
+bool HGInsertQueue::addTaskProxies(const TaskProxies& taskProxies, platform::Error* error) const {
     auto path = taskProxiesFilePath();
     auto root = HGSharedContainer::defaultContainer().rootURL();
-    if (!path || !root) return false;
+    if (!path || !root) {
+        if (error) *error = {"corvane", 0, "there is no container"};
+        return false;
+    }
     // Prepared in the container, because whatever stands in the queue directory is a batch to be
     // polled.
-    return !platform::KeyedArchiver::archiveToFile(
+    auto failure = platform::KeyedArchiver::archiveToFile(
         platform::ValueList{{taskProxies.begin(), taskProxies.end()}, false}, *path,
         platform::Durability::Synced, root->path());
+    if (failure && error) *error = std::move(*failure);
+    return !failure;
 }
 
 std::optional<std::vector<platform::URL>> HGInsertQueue::allTaskProxiesFileURLs() const {

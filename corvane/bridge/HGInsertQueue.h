@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvane/bridge/HGTaskProxy.h"
+#include "corvane/platform/Error.h"
 #include "corvane/platform/URL.h"
 
 #include <functional>
@@ -37,10 +38,11 @@ class HGInsertQueue {
 
     /// Writes the tasks as one batch. Once it returns true, the batch survives a power cut; a
     /// concurrent poll sees it whole or not at all. False when it could not be written, as before
-    /// the main application has ever polled: only polling creates the queue directory.
+    /// the main application has ever polled: only polling creates the queue directory. `error`,
+    /// where given, then tells why.
     ///
     /// Two batches of one millisecond have the same name, and the later replaces the earlier.
-    bool addTaskProxies(const TaskProxies& taskProxies) const;
+    bool addTaskProxies(const TaskProxies& taskProxies, platform::Error* error = nullptr) const;
 
     /// Every entry of the queue directory (made when missing), oldest first, equal ages by name.
     /// Absent when there is none, or the directory cannot be made.

@@ -51,6 +51,12 @@ std::optional<Error> createDirectories(const std::string& path, mode_t permissio
     return createDirectory(path, permissions);
 }
 
+std::optional<Error> checkDirectoryAccess(const std::string& path) {
+    constexpr int kAccess = R_OK | W_OK | X_OK;
+    if (::faccessat(AT_FDCWD, systemPath(path), kAccess, AT_EACCESS) == 0) return std::nullopt;
+    return Error::fromErrno("cannot change the directory '" + path + "'", errno);
+}
+
 bool isDirectory(const std::string& path) {
     struct stat status {};
     return ::stat(systemPath(path), &status) == 0 && S_ISDIR(status.st_mode);

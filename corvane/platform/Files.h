@@ -29,6 +29,9 @@ std::optional<std::string> readTextFile(const std::string& path, Error* error = 
 [[nodiscard]] std::optional<Error> createDirectories(const std::string& path,
                                                      mode_t permissions = 0777);
 
+/// Why the directory's entries cannot be listed, or none made or removed; none where all can.
+[[nodiscard]] std::optional<Error> checkDirectoryAccess(const std::string& path);
+
 /// Whether the path leads to a directory, through links too.
 bool isDirectory(const std::string& path);
 

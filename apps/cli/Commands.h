@@ -1,0 +1,41 @@
+// The program's commands. Each does its work and prints its result; where it cannot, it throws a
+// Failure.
+#pragma once
+
+#include "corvane/dates/EXDateOnly.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace corvane::cli {
+
+enum class Format { Text, JSON };
+
+// As the main application.
+void runPublish(const std::string& file);
+void runDrain(const std::string& file);
+
+// As a companion.
+enum class View { Inbox, Today, Next, WaitingFor };
+void runShow(View view, Format format);
+void runProjects(Format format);
+void runCategories(Format format);
+void runTasks(const std::optional<std::string>& project, Format format);
+
+struct NewTask {
+    std::string title;
+    std::optional<std::string> notes;
+    std::optional<EXDateOnly> due;
+    std::optional<std::string> project;
+    std::optional<std::string> category;
+    std::optional<std::int16_t> priority;
+    bool starred = false;
+};
+void runAdd(const NewTask& newTask);
+
+// As anyone.
+void runStatus(Format format);
+void runInspect(const std::string& file);
+
+}  // namespace corvane::cli

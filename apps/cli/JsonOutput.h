@@ -1,0 +1,40 @@
+// What scripts read. docs/cli.md tells the schemas, which do not change but for new keys.
+#pragma once
+
+#include "corvane/bridge/HGSharedInfo.h"
+#include "corvane/bridge/HGTaskProxy.h"
+#include "corvane/platform/Instant.h"
+#include "corvane/vocabulary/EXChoiceList.h"
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace corvane::cli {
+
+// Every operation returns a whole JSON document with its final line break.
+
+std::string tasksJson(std::span<const std::shared_ptr<HGTaskProxy>> tasks);
+
+std::string viewJson(std::string_view view, std::int64_t badge,
+                     std::optional<std::int64_t> badgeForTomorrow, const HGTaskProxyModel& model);
+
+/// The icon indexes of the list are those of category icons.
+std::string choiceListJson(const EXChoiceList& list);
+
+struct Status {
+    std::string container;
+    std::optional<platform::Instant> updated;
+    std::optional<HGBadgeValues> badges;
+    std::size_t queuedBatches = 0;
+    std::size_t queuedTasks = 0;
+};
+std::string statusJson(const Status& status);
+
+/// "2024-03-05T14:07:09.123000Z"; years beyond four digits have a sign.
+std::string isoText(platform::Instant instant);
+
+}  // namespace corvane::cli

@@ -1,0 +1,31 @@
+// The main application's side of publishing: a list goes out to the companions.
+#pragma once
+
+#include "corvane/bridge/HGSharedInfo.h"
+
+#include "apps/cli/TodoFile.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace corvane::cli {
+
+/// What was published.
+struct Publication {
+    std::size_t tasks = 0;
+    std::size_t completedTasks = 0;
+    std::size_t projects = 0;
+    std::size_t portfolios = 0;
+    std::size_t categories = 0;
+    HGBadgeValues badges;
+    std::vector<std::string> files;
+};
+
+/// Writes repository, shared info and timestamp into the existing container, and makes its insert
+/// queue ready for companions. Lines of the list that are no tasks are reported on the console,
+/// under the list's name. The caller holds the container. Throws a Failure where a file cannot be
+/// written.
+Publication publish(const TodoFile& list, const std::string& listName);
+
+}  // namespace corvane::cli

@@ -1,0 +1,250 @@
+// corvane: plays the main application and its companions from the command line.
+
+#include "corvane/platform/GroupContainer.h"
+#include "corvane/platform/TextEncoding.h"
+
+#include "apps/cli/Commands.h"
+#include "apps/cli/Failure.h"
+#include "apps/cli/TextOutput.h"
+#include "apps/cli/TodoLine.h"
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <functional>
+#include <map>
+
+namespace corvane::cli {
+
+namespace {
+
+// Headings of the help.
+constexpr const char* kMainApplication = "As the main application";
+constexpr const char* kCompanion = "As a companion";
+constexpr const char* kAnyone = "As anyone";
+
+constexpr int kDone = 0;
+constexpr int kFailed = 1;
+constexpr int kWrongUsage = 2;
+
+/// What the command line says, and the command it asks for.
+struct Arguments {
+    std::string container;
+    std::string file;
+    std::string view = "today";
+    std::string project;
+    std::string category;
+    std::string notes;
+    std::string due;
+    std::string priority;
+    bool json = false;
+    NewTask newTask;
+    std::function<void()> command;
+
+    Format format() const { return json ? Format::JSON : Format::Text; }
+};
+
+const std::map<std::string, View> kViews{{"inbox", View::Inbox},
+                                         {"today", View::Today},
+                                         {"next", View::Next},
+                                         {"waiting-for", View::WaitingFor}};
+
+const std::map<std::string, std::int16_t> kPriorities{
+    {"critical", 4}, {"high", 3}, {"medium", 2}, {"low", 1}, {"trivial", 0},
+    {"a", 4},        {"b", 3},    {"c", 2},      {"d", 1},   {"e", 0}};
+
+std::string checkUTF8(const std::string& text) {
+    return platform::isUTF8(text) ? "" : "the text is not UTF-8";
+}
+
+std::string checkTitle(const std::string& text) {
+    return heldTitle(text).empty() ? "a task needs a title" : checkUTF8(text);
+}
+
+std::string checkNotEmpty(const std::string& text) {
+    return text.empty() ? "the text is empty" : checkUTF8(text);
+}
+
+std::string checkDay(const std::string& text) {
+    return existingDay(text) ? "" : "'" + text + "' is not a day such as 2024-03-05";
+}
+
+std::string checkView(const std::string& text) {
+    return kViews.contains(text) ? "" : "there is no view '" + text + "'";
+}
+
+std::string checkPriority(const std::string& text) {
+    bool known = kPriorities.contains(CLI::ignore_case(text));
+    return known ? "" : "there is no priority '" + text + "'";
+}
+
+std::optional<std::string> given(const std::string& text) {
+    return text.empty() ? std::nullopt : std::optional(text);
+}
+
+CLI::App* addCommand(CLI::App& app, Arguments& arguments, const char* role, const char* name,
+                     const char* description, std::function<void()> command) {
+    CLI::App* added = app.add_subcommand(name, description)->group(role);
+    added->callback([&arguments, command = std::move(command)] { arguments.command = command; });
+    return added;
+}
+
+void addJsonFlag(CLI::App* command, Arguments& arguments) {
+    command->add_flag("--json", arguments.json, "Print JSON instead of text");
+}
+
+void addMainApplicationCommands(CLI::App& app, Arguments& arguments) {
+    addCommand(app, arguments, kMainApplication, "publish",
+               "Publish a todo.txt list to the companions", [&] { runPublish(arguments.file); })
+        ->add_option("FILE", arguments.file, "The list")
+        ->required()
+        ->type_name("");
+    addCommand(app, arguments, kMainApplication, "drain",
+               "Move queued tasks into a list and publish it again",
+               [&] { runDrain(arguments.file); })
+        ->add_option("FILE", arguments.file, "The list; made when missing")
+        ->required()
+        ->type_name("");
+}
+
+void addViewCommands(CLI::App& app, Arguments& arguments) {
+    auto* show = addCommand(app, arguments, kCompanion, "show", "Show one of the four views",
+                            [&] { runShow(kViews.at(arguments.view), arguments.format()); });
+    show->add_option("VIEW", arguments.view, "inbox, today (unless given), next or waiting-for")
+        ->check(checkView)
+        ->type_name("");
+    addJsonFlag(show, arguments);
+
+    addJsonFlag(
+        addCommand(app, arguments, kCompanion, "projects", "Show the projects to choose from",
+                   [&] { runProjects(arguments.format()); }),
+        arguments);
+    addJsonFlag(
+        addCommand(app, arguments, kCompanion, "categories", "Show the categories to choose from",
+                   [&] { runCategories(arguments.format()); }),
+        arguments);
+
+    auto* tasks =
+        addCommand(app, arguments, kCompanion, "tasks", "Show all tasks, or those of one project",
+                   [&] { runTasks(given(arguments.project), arguments.format()); });
+    tasks->add_option("--project", arguments.project, "Only the tasks of this project")
+        ->check(checkNotEmpty)
+        ->type_name("NAME");
+    addJsonFlag(tasks, arguments);
+}
+
+void queueNewTask(Arguments& arguments) {
+    NewTask& newTask = arguments.newTask;
+    newTask.notes = given(arguments.notes);
+    newTask.due = existingDay(arguments.due);
+    newTask.project = given(arguments.project);
+    newTask.category = given(arguments.category);
+    if (auto priority = given(arguments.priority)) {
+        newTask.priority = kPriorities.at(CLI::ignore_case(*priority));
+    }
+    runAdd(newTask);
+}
+
+void addAddCommand(CLI::App& app, Arguments& arguments) {
+    auto* add =
+        addCommand(app, arguments, kCompanion, "add", "Queue a new task for the main application",
+                   [&] { queueNewTask(arguments); });
+    auto option = [&](const char* name, std::string& value, const char* help, const char* type) {
+        return add->add_option(name, value, help)->check(checkNotEmpty)->type_name(type);
+    };
+    add->add_option("TITLE", arguments.newTask.title, "What is to be done")
+        ->required()
+        ->check(checkTitle)
+        ->type_name("");
+    option("--notes", arguments.notes, "More about it; may have several lines", "TEXT");
+    option("--due", arguments.due, "The day by which it is to be done", "YYYY-MM-DD")
+        ->check(checkDay);
+    option("--project", arguments.project, "Its project, known or new", "NAME");
+    option("--category", arguments.category, "Its category, known or new", "NAME");
+    option("--priority", arguments.priority,
+           "critical, high, medium (unless given), low or trivial; or A to E", "PRIORITY")
+        ->check(checkPriority);
+    add->add_flag("--star", arguments.newTask.starred, "Star it");
+}
+
+void addOtherCommands(CLI::App& app, Arguments& arguments) {
+    addJsonFlag(
+        addCommand(app, arguments, kAnyone, "status", "Show the container's state and the badges",
+                   [&] { runStatus(arguments.format()); }),
+        arguments);
+    addCommand(app, arguments, kAnyone, "inspect", "Show any keyed archive as JSON",
+               [&] { runInspect(arguments.file); })
+        ->add_option("FILE", arguments.file, "The archive")
+        ->required()
+        ->type_name("");
+}
+
+void describe(CLI::App& app, Arguments& arguments) {
+    app.description(
+        "Plays the main application and its companions, which share a container: a directory\n"
+        "with what the main application has published and the tasks queued for it.");
+    app.footer(
+        "--container DIR may stand before or after the command. Without it, CORVANE_CONTAINER "
+        "names\n"
+        "the directory, and without that it is the user's own.\n"
+        "Exit status: 0 done, 1 failed, 2 wrong usage.");
+    app.require_subcommand(1);
+    app.fallthrough();
+    app.set_version_flag("--version", "corvane " CORVANE_VERSION);
+    app.add_option("--container", arguments.container, "The directory of the container")
+        ->check(checkNotEmpty)
+        ->type_name("DIR");
+    addMainApplicationCommands(app, arguments);
+    addViewCommands(app, arguments);
+    addAddCommand(app, arguments);
+    addOtherCommands(app, arguments);
+}
+
+/// What is wrong with the command line.
+std::string complaint(const CLI::App& app, const CLI::ParseError& error) {
+    bool needsCommand = app.get_subcommands().empty() && error.get_name() == "RequiredError";
+    if (!needsCommand) return error.what();
+    const auto unknown = app.remaining();
+    return unknown.empty() ? "a command is needed" : "there is no command '" + unknown[0] + "'";
+}
+
+int fail(const std::string& message) {
+    // What was printed before it belongs before it.
+    flushOutput();
+    fmt::print(stderr, "corvane: {}\n", onOneLine(message));
+    return kFailed;
+}
+
+int run(const Arguments& arguments) {
+    if (auto container = given(arguments.container)) platform::setGroupContainerOverride(container);
+    try {
+        arguments.command();
+    } catch (const std::exception& error) {
+        return fail(error.what());
+    }
+    return flushOutput() ? kDone : fail("cannot write the output");
+}
+
+int main(int argc, char** argv) {
+    CLI::App app("", "corvane");
+    Arguments arguments;
+    describe(app, arguments);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0) return app.exit(error);
+        fmt::print(stderr, "corvane: {}\n`corvane --help` tells how to use it.\n",
+                   onOneLine(complaint(app, error)));
+        return kWrongUsage;
+    }
+    return run(arguments);
+}
+
+}  // namespace
+
+}  // namespace corvane::cli
+
+int main(int argc, char** argv) {
+    return corvane::cli::main(argc, argv);
+}
