@@ -74,6 +74,15 @@ class ForeignArchive {
         return framed(top);
     }
 
+    /// A file whose root has these entries and a class of this name (UID 2), followed by `more`.
+    platform::Bytes record(std::string_view className, Entries entries,
+                           const std::vector<Ref>& more = {}) {
+        entries.emplace_back("$class", uid(2));
+        std::vector<Ref> slots{text("$null"), dictionary(entries), classNamed(className)};
+        slots.insert(slots.end(), more.begin(), more.end());
+        return file(slots);
+    }
+
     platform::Bytes framed(Ref top) const {
         std::string file(platform::plist::kMagic);
         std::string offsets;

@@ -1,11 +1,11 @@
 #include "corvane/vocabulary/EXLocalizable.h"
 
+#include "tests/support/TemporaryDirectory.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <cstdio>
-#include <fstream>
 #include <thread>
 
 namespace corvane {
@@ -16,7 +16,6 @@ using platform::ScopedLanguages;
 using platform::ScopedLocale;
 using platform::StringTableProblem;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using Text = std::optional<std::string>;
 
 // The tables live as long as the process, so the tests add to languages of their own.
@@ -24,11 +23,10 @@ using Text = std::optional<std::string>;
 TEST(EXLocalizable, AsksTheLanguagesInTurnThenEnglish) {
     EXLocalizable::addStringTable("sv", "OnlySwedish = Hej\nInbox = Inkorg");
     EXLocalizable::addStringTable("de_AT", "OnlyAustrian = Servus");
-    struct {
+    const struct {
         std::vector<std::string> languages;
-        const char* key;
-        const char* text;
-    } const cases[] = {
+        const char *key, *text;
+    } cases[] = {
         {{"en"}, "InProgress", "In Progress"}, {{"en_US_POSIX"}, "InProgress", "In Progress"},
         {{"de"}, "InProgress", "In Arbeit"},   {{"de_AT"}, "InProgress", "In Arbeit"},
         {{"de_AT"}, "OnlyAustrian", "Servus"}, {{"de"}, "OnlyAustrian", "OnlyAustrian"},
@@ -40,21 +38,14 @@ TEST(EXLocalizable, AsksTheLanguagesInTurnThenEnglish) {
     for (auto& [languages, key, text] : cases) {
         ScopedLanguages scope(languages);
         EXPECT_EQ(EXLocalizable::localize(key), text) << languages.front() << " " << key;
+        EXPECT_EQ(EXLocalizable::localize(key, ""), text);
     }
-}
-
-TEST(EXLocalizable, TheDefaultStandsInForAMissingKeyOnly) {
-    ScopedLanguages scope({"en"});
     EXPECT_EQ(EXLocalizable::localize("NoSuchKey", "fallback"), "fallback");
-    EXPECT_EQ(EXLocalizable::localize("NoSuchKey", ""), "NoSuchKey");
-    EXPECT_EQ(EXLocalizable::localize("OnHold", "fallback"), "On Hold");
+    EXPECT_NE(EXLocalizable::localize("OnHold", "fallback"), "fallback");
 }
 
 TEST(EXLocalizable, TellsReferencesFromLiteralNames) {
-    struct {
-        const char* name;
-        Text key;
-    } const cases[] = {
+    const std::pair<const char*, Text> cases[] = {
         {"${X}", "X"}, {"${}}", "}"}, {"${}", {}}, {"Plain", {}},
         {"", {}},      {"${X", {}},   {"$X}", {}},
     };
@@ -62,9 +53,8 @@ TEST(EXLocalizable, TellsReferencesFromLiteralNames) {
         EXPECT_EQ(EXLocalizable::keyFromLocalizableName(name), key) << name;
 
     ScopedLanguages scope({"de"});
-    auto name = EXLocalizable::localizableNameForKey("ProjectNone");
-    EXPECT_EQ(name, "${ProjectNone}");
-    EXPECT_EQ(EXLocalizable::localizeName(name), "Kein Projekt");
+    EXPECT_EQ(EXLocalizable::localizableNameForKey("ProjectNone"), "${ProjectNone}");
+    EXPECT_EQ(EXLocalizable::localizeName(Text("${ProjectNone}")), Text("Kein Projekt"));
     EXPECT_EQ(EXLocalizable::localizeName("${NoSuchKey}"), "NoSuchKey");
     EXPECT_EQ(EXLocalizable::localizeName("${}"), "${}");
 }
@@ -75,14 +65,7 @@ TEST(EXLocalizable, CollatesInTheLocaleInForceUnlessToldOtherwise) {
     EXPECT_EQ(EXLocalizable::collationForString("ÉI"), "eı");
     EXPECT_EQ(EXLocalizable::collationForString("ÉI", Locale("en")), "ei");
     EXPECT_EQ(EXLocalizable::collationByLocalizing("Office"), "buro");
-}
-
-TEST(EXLocalizable, AbsentTextStaysAbsent) {
-    ScopedLanguages scope({"en"});
-    EXPECT_EQ(EXLocalizable::localize(Text()), Text());
-    EXPECT_EQ(EXLocalizable::localizeName(Text()), Text());
     EXPECT_EQ(EXLocalizable::collationForString(Text()), Text());
-    EXPECT_EQ(EXLocalizable::localizeName(Text("${OnHold}")), Text("On Hold"));
 }
 
 TEST(EXLocalizable, AnApplicationOverridesEntriesAndHearsOfBadLines) {
@@ -90,28 +73,19 @@ TEST(EXLocalizable, AnApplicationOverridesEntriesAndHearsOfBadLines) {
     EXPECT_THAT(EXLocalizable::addStringTable("de-DE.UTF-8", "Trash = Müll\nbad\n"),
                 ElementsAre(StringTableProblem{2, "no \"=\""}));
     EXPECT_EQ(EXLocalizable::localize("Trash"), "Müll");
-    EXPECT_THAT(EXLocalizable::addStringTable("de_DE", "Trash = Tonne"), IsEmpty());
-    EXPECT_EQ(EXLocalizable::localize("Trash"), "Tonne");
     EXPECT_EQ(EXLocalizable::localize("Inbox"), "Eingang");
-}
 
-TEST(EXLocalizable, ReadsTablesFromFiles) {
-    ScopedLanguages scope({"fi"});
-    const std::string path = testing::TempDir() + "EXLocalizable_test.strings";
-    std::ofstream(path) << "FromFile = Tiedosto";
-    EXPECT_FALSE(EXLocalizable::addStringTableFromFile("fi", path));
-
-    std::ofstream(path) << "bad\nFromFile = Tiedosto 2\nbad too";
-    auto error = EXLocalizable::addStringTableFromFile("fi", path);
+    tests::TemporaryDirectory directory;
+    const std::string path = directory.write("table", "Trash = Tonne");
+    EXPECT_FALSE(EXLocalizable::addStringTableFromFile("de_DE", path));
+    EXPECT_EQ(EXLocalizable::localize("Trash"), "Tonne");
+    directory.write("table", "bad\nTrash = Tonne 2\nbad too");
+    auto error = EXLocalizable::addStringTableFromFile("de_DE", path);
     ASSERT_TRUE(error);
     EXPECT_EQ(error->code, 1);
     EXPECT_EQ(error->message, path + ", line 1: no \"=\" (the first of 2 bad lines)");
-    EXPECT_EQ(EXLocalizable::localize("FromFile"), "Tiedosto 2");
-
-    std::remove(path.c_str());
-    ASSERT_TRUE(EXLocalizable::addStringTableFromFile("fi", path));
-    EXPECT_EQ(EXLocalizable::addStringTableFromFile("fi", path)->domain, "posix");
-    EXPECT_EQ(EXLocalizable::localize("FromFile"), "Tiedosto 2");
+    EXPECT_EQ(EXLocalizable::localize("Trash"), "Tonne 2");
+    EXPECT_EQ(EXLocalizable::addStringTableFromFile("de_DE", directory / "x")->domain, "posix");
 }
 
 TEST(EXLocalizable, TablesMayBeAddedWhileOthersLookUp) {
@@ -127,6 +101,36 @@ TEST(EXLocalizable, TablesMayBeAddedWhileOthersLookUp) {
     done = true;
     reader.join();
     EXPECT_EQ(EXLocalizable::localize("Odd"), "500");
+}
+
+TEST(EXLocalizable, ATableReadsWhatTheFormatAllows) {
+    // clang-format off
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"Low = Niedrig", "Low", "Niedrig"}, {"Low=Niedrig", "Low", "Niedrig"},
+        {" \t Low \t=\t Sehr niedrig \t", "Low", "Sehr niedrig"},
+        {"Low = Niedrig\r\n", "Low", "Niedrig"}, {"\xEF\xBB\xBFLow = Niedrig", "Low", "Niedrig"},
+        {"Sum = a = b", "Sum", "a = b"}, {"Number = # 1", "Number", "# 1"},
+        {R"(Lines = \sa\nb\tc\\n\s)", "Lines", " a\nb\tc\\n "},
+        {"No Größe = größer 😀", "No Größe", "größer 😀"},
+    };
+    // clang-format on
+    for (auto [line, key, text] : cases) {
+        auto [table, problems] = platform::StringTable::parse(line);
+        EXPECT_THAT(problems, testing::IsEmpty()) << line;
+        EXPECT_THAT(table.entries(), ElementsAre(testing::Pair(key, text))) << line;
+    }
+}
+
+TEST(EXLocalizable, ATableReportsBadLinesAndUsesTheRest) {
+    auto [table, problems] = platform::StringTable::parse(
+        "# a comment = not an entry\nA = 1\n\nno sign\n = no key\nB =  \nC = \\x\nD = \\\n"
+        "A = 2\nE = \xFF\n   # indented comment\nF = 3");
+    EXPECT_THAT(table.entries(), ElementsAre(testing::Pair("A", "1"), testing::Pair("F", "3")));
+    using Problem = StringTableProblem;
+    EXPECT_THAT(problems,
+                ElementsAre(Problem{4, "no \"=\""}, Problem{5, "no key"}, Problem{6, "no text"},
+                            Problem{7, "unknown escape"}, Problem{8, "unknown escape"},
+                            Problem{9, "a key used before"}, Problem{10, "not UTF-8"}));
 }
 
 }  // namespace

@@ -1,24 +1,30 @@
 #include "corvane/vocabulary/HGChoiceListFactory.h"
 
 #include "corvane/platform/Locale.h"
+#include "corvane/platform/StringTable.h"
+#include "corvane/vocabulary/ChoiceListBuilding.h"
+#include "corvane/vocabulary/EXLocalizable.h"
+#include "corvane/vocabulary/HGColorNameProvider.h"
+#include "corvane/vocabulary/HGIndicatorNameProvider.h"
+#include "corvane/vocabulary/ShippedStrings.h"
+#include "corvane/vocabulary/VocabularyKeys.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <string>
-#include <thread>
-#include <vector>
+#include <algorithm>
+#include <set>
+#include <stdexcept>
 
 namespace corvane {
 namespace {
 
 using Factory = HGChoiceListFactory;
 
-/// The lists are made once a process, so every test that may be the first to ask pins the language.
-class HGChoiceListFactoryTest : public testing::Test {
-  private:
-    platform::ScopedLanguages english_{{"en"}};
-    platform::ScopedLocale locale_{platform::Locale("en")};
+/// The lists are made once a process, so whichever test is the first to ask pins the language.
+struct English {
+    platform::ScopedLanguages languages{{"en"}};
+    platform::ScopedLocale locale{platform::Locale("en")};
 };
 
 /// One item a line: code, icon, title.
@@ -30,11 +36,9 @@ std::string description(const EXChoiceList& list) {
     return result;
 }
 
-TEST_F(HGChoiceListFactoryTest, OffersEachVocabularyInItsOrder) {
-    struct {
-        std::shared_ptr<const EXChoiceList> (*list)();
-        const char* description;
-    } const cases[] = {
+TEST(HGChoiceListFactory, OffersEachVocabularyInItsOrder) {
+    const English english;
+    const std::pair<std::shared_ptr<const EXChoiceList> (*)(), const char*> cases[] = {
         {Factory::priorityChoiceList, "4 4 Critical\n3 3 High\n2 2 Medium\n1 1 Low\n0 0 Trivial\n"},
         {Factory::priorityChoiceListInNaturalOrder,
          "0 0 Trivial\n1 1 Low\n2 2 Medium\n3 3 High\n4 4 Critical\n"},
@@ -55,32 +59,85 @@ TEST_F(HGChoiceListFactoryTest, OffersEachVocabularyInItsOrder) {
         EXPECT_EQ(description(*list()), expected);
         EXPECT_EQ(list(), list()) << expected;
     }
-}
-
-TEST_F(HGChoiceListFactoryTest, SortsIndicatorsAndNumbersIcons) {
-    auto indicators = Factory::indicatorChoiceList();
-    EXPECT_EQ(indicators->itemCount(), 45);
-    EXPECT_EQ(indicators->titleForItemAtIndex(0), "Android");
-    EXPECT_EQ(indicators->valueForItemAtIndex(1), EXValue(20)) << "App";
-    EXPECT_EQ(indicators->itemAtIndex(indicators->indexForItemWithTitle("None"))->iconIndex(), 0);
-
-    auto categoryIcons = Factory::categoryIconIndexChoiceList();
-    ASSERT_EQ(categoryIcons->itemCount(), 360);
-    EXPECT_EQ(categoryIcons->titleForItemAtIndex(0), std::nullopt);
+    auto icons = Factory::categoryIconIndexChoiceList();
+    ASSERT_EQ(icons->itemCount(), 360);
     for (std::int64_t i = 0; i < 360; ++i) {
-        EXPECT_EQ(categoryIcons->valueForItemAtIndex(i), EXValue(i));
-        EXPECT_EQ(categoryIcons->itemAtIndex(i)->iconIndex(), i);
+        EXPECT_EQ(icons->valueForItemAtIndex(i), EXValue(i));
+        EXPECT_EQ(icons->itemAtIndex(i)->iconIndex(), i);
     }
 }
 
-TEST_F(HGChoiceListFactoryTest, EveryThreadGetsTheSameList) {
-    std::vector<std::shared_ptr<const EXChoiceList>> seen(4);
-    std::vector<std::thread> threads;
-    for (auto& slot : seen)
-        threads.emplace_back([&] { slot = Factory::indicatorChoiceList(); });
-    for (auto& thread : threads)
-        thread.join();
-    EXPECT_THAT(seen, testing::Each(Factory::indicatorChoiceList()));
+/// Whether the titles ascend; looks for every item's code and icon on the way.
+bool isAlphabetical(const EXChoiceList& list) {
+    std::vector<std::string> keys;
+    for (auto& item : list.firstSection()->items()) {
+        auto code = static_cast<std::size_t>(item->value().integerValue());
+        EXPECT_EQ(item->title(), EXLocalizable::localize(kIndicatorKeys.at(code)));
+        EXPECT_EQ(item->value(), EXValue(item->iconIndex()));
+        keys.push_back(EXLocalizable::collationForString(item->title().value_or("")));
+    }
+    return std::is_sorted(keys.begin(), keys.end());
+}
+
+TEST(HGChoiceListFactory, TheIndicatorMenuIsAlphabeticalInEachLanguage) {
+    const English english;
+    EXPECT_TRUE(isAlphabetical(*Factory::indicatorChoiceList()));
+    EXPECT_EQ(Factory::indicatorChoiceList()->titleForItemAtIndex(1), "App");
+    platform::ScopedLanguages languages({"de_AT", "en"});
+    platform::ScopedLocale locale(platform::Locale("de_AT"));
+    EXPECT_TRUE(isAlphabetical(*choiceListInTitleOrder(kIndicatorKeys, ItemIcons::Codes)));
+}
+
+TEST(HGChoiceListFactory, TitlesThatCollateAlikeShareOneItem) {
+    EXLocalizable::addStringTable("et", "Alike1 = Größe\nAlike2 = GROßE\nOther = Ä");
+    platform::ScopedLanguages languages({"et"});
+    const std::string_view keys[] = {"Alike1", "Other", "Alike2"};
+    auto list = choiceListInTitleOrder(keys, ItemIcons::None);
+    ASSERT_EQ(list->itemCount(), 2);
+    EXPECT_EQ(list->titleForItemAtIndex(0), "Ä");
+    EXPECT_EQ(list->itemAtIndex(0)->iconIndex(), -1);
+}
+
+TEST(HGChoiceListFactory, EveryCodeOfTheVocabularyAndNoOtherHasAName) {
+    using Colors = HGColorNameProvider;
+    using Indicators = HGIndicatorNameProvider;
+    auto check = [](std::size_t count, auto name) {
+        std::set<std::string> names;
+        for (std::size_t code = 0; code < count; ++code)
+            names.insert(name(static_cast<std::int64_t>(code)));
+        EXPECT_EQ(names.size(), count);
+        for (auto code : {std::int64_t{-1}, static_cast<std::int64_t>(count), INT64_MIN})
+            EXPECT_THROW(name(code), std::out_of_range) << code;
+    };
+    check(kColorKeys.size(), Colors::nameForColor);
+    check(kIndicatorKeys.size(), Indicators::nameForCategoryIndicator);
+    check(kTaskStatusKeys.size(), Indicators::nameForTaskStatusIndicator);
+    EXPECT_EQ(Indicators::nameForCategoryIndicator(20), "brush");
+    EXPECT_EQ(Indicators::nameForTaskStatusIndicator(4), "status-in-progress");
+    EXPECT_EQ(Colors::nameForColor(7), "red");
+}
+
+TEST(HGChoiceListFactory, EachLanguageReadsWithoutProblemsAndHoldsExactlyTheKeysInUse) {
+    std::set<std::string, std::less<>> keysInUse{"SAttachmentNone", "SCategoryNone", "SProjectNone",
+                                                 "ProjectNone"};
+    for (VocabularyKeys vocabulary :
+         {VocabularyKeys(kPriorityKeys), VocabularyKeys(kTaskStatusKeys),
+          VocabularyKeys(kActionStatusKeys), VocabularyKeys(kProjectStatusKeys),
+          VocabularyKeys(kTaskRepeatKeys), VocabularyKeys(kColorKeys),
+          VocabularyKeys(kIndicatorKeys)})
+        keysInUse.insert(vocabulary.begin(), vocabulary.end());
+    for (const auto& [language, text] : shippedStrings()) {
+        auto [table, problems] = platform::StringTable::parse(text);
+        EXPECT_THAT(problems, testing::IsEmpty()) << language;
+        std::set<std::string, std::less<>> keys;
+        for (auto& entry : table.entries())
+            keys.insert(entry.first);
+        EXPECT_EQ(keys, keysInUse) << language;
+        platform::ScopedLocale locale{platform::Locale(language)};
+        platform::ScopedLanguages scope({std::string(language)});
+        EXPECT_EQ(choiceListInTitleOrder(kIndicatorKeys, ItemIcons::None)->itemCount(), 45)
+            << "titles of indicators are distinct in " << language;
+    }
 }
 
 }  // namespace
