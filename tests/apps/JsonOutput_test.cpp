@@ -1,9 +1,15 @@
 #include "apps/cli/JsonOutput.h"
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 namespace corvane::cli {
 namespace {
+
+/// The document without its layout.
+std::string compact(const std::string& json) {
+    return nlohmann::ordered_json::parse(json).dump();
+}
 
 TEST(JsonOutput, WritesEveryFieldOfATask) {
     auto attachment = std::make_shared<HGAttachmentProxy>();
@@ -22,34 +28,12 @@ TEST(JsonOutput, WritesEveryFieldOfATask) {
     full->setCategoryIndicator(2);
     full->setContributorName("Ann");
     full->setAttachmentProxies({{attachment}});
-    EXPECT_EQ(tasksJson(std::vector{full}), R"({
-  "tasks": [
-    {
-      "uri": "x:1",
-      "title": "Say \"hi\"\n",
-      "notes": "n",
-      "status": 4,
-      "statusName": "InProgress",
-      "starred": true,
-      "priority": 4,
-      "priorityName": "Critical",
-      "due": "2024-03-05",
-      "repeats": true,
-      "project": "p",
-      "category": "c",
-      "categoryIconIndex": 47,
-      "contributor": "Ann",
-      "attachments": [
-        {
-          "uri": null,
-          "url": "https://example.org",
-          "type": 0
-        }
-      ]
-    }
-  ]
-}
-)");
+    EXPECT_EQ(compact(tasksJson(std::vector{full})),
+              R"({"tasks":[{"uri":"x:1","title":"Say \"hi\"\n","notes":"n","status":4,)"
+              R"("statusName":"InProgress","starred":true,"priority":4,"priorityName":"Critical",)"
+              R"("due":"2024-03-05","repeats":true,"project":"p","category":"c",)"
+              R"("categoryIconIndex":47,"contributor":"Ann",)"
+              R"("attachments":[{"uri":null,"url":"https://example.org","type":0}]}]})");
 }
 
 TEST(JsonOutput, WritesNullForWhatIsAbsentOrUnknown) {
@@ -58,28 +42,11 @@ TEST(JsonOutput, WritesNullForWhatIsAbsentOrUnknown) {
     bare->setPriority(-1);
     bare->setTitle("\xFF");
     bare->setAttachmentProxies(std::nullopt);
-    EXPECT_EQ(tasksJson(std::vector{bare}), R"({
-  "tasks": [
-    {
-      "uri": null,
-      "title": "�",
-      "notes": null,
-      "status": 9,
-      "statusName": null,
-      "starred": false,
-      "priority": -1,
-      "priorityName": null,
-      "due": null,
-      "repeats": false,
-      "project": null,
-      "category": null,
-      "categoryIconIndex": null,
-      "contributor": null,
-      "attachments": []
-    }
-  ]
-}
-)");
+    EXPECT_EQ(compact(tasksJson(std::vector{bare})),
+              R"({"tasks":[{"uri":null,"title":"�","notes":null,"status":9,)"
+              R"("statusName":null,"starred":false,"priority":-1,"priorityName":null,)"
+              R"("due":null,"repeats":false,"project":null,"category":null,)"
+              R"("categoryIconIndex":null,"contributor":null,"attachments":[]}]})");
 }
 
 TEST(JsonOutput, WritesInstantsInUTC) {
