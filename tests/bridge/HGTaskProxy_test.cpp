@@ -4,7 +4,6 @@
 
 #include "tests/support/BridgeSamples.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -12,54 +11,47 @@
 namespace corvane {
 namespace {
 
+constexpr auto all = [](const auto&... fields) { return tests::Content::all(fields...); };
 using tests::contentOf;
 using tests::foreignRecord;
-using tests::listed;
 using tests::reread;
 
-constexpr auto none = std::nullopt;
+constexpr std::optional<int> none;
 
 template <class T>
 void expectContents(const std::string& whenNew, const std::string& withoutKeys) {
     EXPECT_EQ(contentOf(T()), whenNew);
     EXPECT_EQ(contentOf(foreignRecord<T>()), withoutKeys);
-    EXPECT_EQ(T(tests::uri("p1")).uriRepresentation(), tests::uri("p1"));
 }
 
 TEST(ProxyRecords, MissingKeysReadAsNothingAndNotAsTheDefaultsOfNewOnes) {
-    const std::optional noURIs = std::vector<platform::URL>();
+    const HGTaskProxy::AttachmentProxies noAttachments;
+    const std::vector<platform::URL> noURIs;
     expectContents<HGTaskProxy>(
-        listed(none, none, none, 3, false, 2, none, 0, none, none, 0, 0, none) + "[\n]",
-        listed(none, none, none, 0, false, 0, none, 0, none, none, 0, 0, none) + "absent");
-    expectContents<HGProjectProxy>(listed(none, none, noURIs, none, 0, 0),
-                                   listed(none, none, none, none, 0, 0));
-    expectContents<HGCategoryProxy>(listed(none, none, 0, 0), listed(none, none, 0, 0));
-    expectContents<HGPortfolioProxy>(listed(none, none, noURIs), listed(none, none, none));
-    expectContents<HGAttachmentProxy>(listed(none, none, 0), listed(none, none, 0));
+        all(none, none, none, 3, false, 2, none, 0, none, none, 0, 0, none, noAttachments),
+        all(none, none, none, 0, false, 0, none, 0, none, none, 0, 0, none, none));
+    expectContents<HGProjectProxy>(all(none, none, noURIs, none, 0, 0),
+                                   all(none, none, none, none, 0, 0));
+    expectContents<HGCategoryProxy>(all(none, none, 0, 0), all(none, none, 0, 0));
+    expectContents<HGPortfolioProxy>(all(none, none, noURIs), all(none, none, none));
+    expectContents<HGAttachmentProxy>(all(none, none, 0), all(none, none, 0));
 }
 
-TEST(ProxyRecords, ComeBackWithEveryFieldButEqualOnlyToThemselves) {
-    const auto expectSame = [](const auto& record) {
-        auto read = reread(record), again = reread(record);
-        ASSERT_TRUE(read && again);
-        EXPECT_EQ(contentOf(*read), contentOf(record));
-        EXPECT_TRUE(read->isEqual(read.get()));
-        EXPECT_FALSE(read->isEqual(again.get()) || read->isEqual(nullptr));
-    };
-    expectSame(*tests::sampleTask());
-    expectSame(*tests::sampleProject());
-    expectSame(*tests::sampleCategory());
-    expectSame(*tests::samplePortfolio());
-    expectSame(*tests::sampleAttachment(4));
-    expectSame(HGTaskProxy());
+// The other records come back in the golden files.
+TEST(HGTaskProxy, ComesBackWithEveryFieldButEqualsOnlyItself) {
+    std::vector tasks{tests::sampleTask(), std::make_shared<HGTaskProxy>()};
     for (const char* title : {"", "$null", "plain", "\U0001F331 Grüße\n"}) {
-        HGTaskProxy task;
-        task.setTitle(title);
-        task.setStatus(std::numeric_limits<std::int16_t>::min());
-        task.setCategoryColor(std::numeric_limits<std::int16_t>::max());
-        task.setDue(EXDateOnly());
-        task.setAttachmentProxies(none);
-        expectSame(task);
+        const auto& task = tasks.emplace_back(tests::titledTask(title));
+        task->setStatus(std::numeric_limits<std::int16_t>::min());
+        task->setCategoryColor(std::numeric_limits<std::int16_t>::max());
+        task->setDue(EXDateOnly());
+        task->setAttachmentProxies(std::nullopt);
+    }
+    for (const auto& task : tasks) {
+        const auto read = reread(*task);
+        EXPECT_EQ(contentOf(read), contentOf(task));
+        EXPECT_TRUE(read->isEqual(read.get()));
+        EXPECT_FALSE(read->isEqual(task.get()) || read->isEqual(nullptr));
     }
 }
 
@@ -81,13 +73,11 @@ TEST(ProxyRecords, CodesKeepTheirLow16Bits) {
         auto project = foreignRecord<HGProjectProxy>({"CategoryColor", "CategoryIndicator"}, bytes);
         auto category = foreignRecord<HGCategoryProxy>({"Color", "Indicator"}, bytes);
         auto attachment = foreignRecord<HGAttachmentProxy>({"Type"}, bytes);
-        ASSERT_TRUE(task && project && category && attachment) << code;
-        const std::vector codes{task->status(),           task->priority(),
-                                task->categoryColor(),    task->categoryIndicator(),
-                                project->categoryColor(), project->categoryIndicator(),
-                                category->color(),        category->indicator(),
-                                attachment->type()};
-        EXPECT_THAT(codes, testing::Each(code));
+        EXPECT_EQ(contentOf(task), all(none, none, none, code, false, code, none, 0, none, none,
+                                       code, code, none, none));
+        EXPECT_EQ(contentOf(project), all(none, none, none, none, code, code));
+        EXPECT_EQ(contentOf(category), all(none, none, code, code));
+        EXPECT_EQ(contentOf(attachment), all(none, none, code));
     }
 }
 
@@ -111,17 +101,14 @@ TEST(ProxyRecords, IconIndexIsAPlaceInTheGridOrOutsideIt) {
         EXPECT_EQ(category.iconIndex(), index);
     }
     EXPECT_EQ(tests::sampleTask()->categoryIconIndex(), 5 * 45 + 44);
-    EXPECT_EQ(tests::sampleProject()->categoryIconIndex(), 2 * 45 + 7);
 }
 
 TEST(HGTaskProxy, AttachmentsAreCountedInTheUsersLanguage) {
     using Attachments = HGTaskProxy::AttachmentProxies;
-    const auto one = tests::sampleAttachment(1);
     const std::tuple<std::optional<Attachments>, const char*, const char*> cases[] = {
-        {none, "None", "Keine"},
+        {std::nullopt, "None", "Keine"},
         {Attachments{}, "None", "Keine"},
-        {Attachments{one}, "1", "1"},
-        {Attachments(3, one), "3", "3"}};
+        {Attachments(3, std::make_shared<HGAttachmentProxy>()), "3", "3"}};
     for (const auto& [attachments, english, german] : cases) {
         HGTaskProxy task;
         task.setAttachmentProxies(attachments);

@@ -15,6 +15,7 @@ namespace corvane::tests {
 
 /// A list of raw property-list objects, framed on demand. References are object numbers and are
 /// written with `refSize` bytes.
+// clang-format off
 class ForeignArchive {
   public:
     using Ref = std::uint64_t;
@@ -30,19 +31,16 @@ class ForeignArchive {
     Ref text(std::string_view ascii) { return raw(sized(0x50, ascii.size()) + std::string(ascii)); }
     Ref integer(std::uint8_t number) { return raw({'\x10', static_cast<char>(number)}); }
     Ref uid(std::uint64_t slot) {
-        return raw(std::string(1, static_cast<char>(0x80 | (uidSize_ - 1))) +
-                   number(slot, uidSize_));
+        return raw(std::string(1, static_cast<char>(0x80 | (uidSize_ - 1))) + number(slot, uidSize_));
     }
     Ref array(const std::vector<Ref>& elements) {
         std::string bytes = sized(0xA0, elements.size());
-        for (Ref element : elements)
-            bytes += number(element, refSize_);
+        for (Ref element : elements) bytes += number(element, refSize_);
         return raw(bytes);
     }
     Ref uids(const std::vector<std::uint64_t>& slots) {
         std::vector<Ref> elements;
-        for (auto slot : slots)
-            elements.push_back(uid(slot));
+        for (auto slot : slots) elements.push_back(uid(slot));
         return array(elements);
     }
     Ref dictionary(const Entries& entries) {
@@ -58,8 +56,7 @@ class ForeignArchive {
         Entries entries{{"$classname", text(name)}};
         if (!chain.empty()) {
             std::vector<Ref> names;
-            for (const auto& ancestor : chain)
-                names.push_back(text(ancestor));
+            for (const auto& ancestor : chain) names.push_back(text(ancestor));
             entries.emplace_back("$classes", array(names));
         }
         return dictionary(entries);
@@ -114,5 +111,6 @@ class ForeignArchive {
     unsigned uidSize_;
     std::vector<std::string> objects_;
 };
+// clang-format on
 
 }  // namespace corvane::tests
