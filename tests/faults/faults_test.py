@@ -38,6 +38,11 @@ READERS = {
     "inspect timestamp": ["inspect", TIMESTAMP],
 } | {name: [name] for name in ("show", "projects", "categories", "tasks", "status")}
 COMMANDS = WRITERS | READERS
+READERS_OF = {
+    INFO: ("show", "status", "inspect info"),
+    REPOSITORY: ("projects", "categories", "tasks", "add", "inspect repository"),
+    TIMESTAMP: ("status", "inspect timestamp"),
+}
 
 PAGE = os.sysconf("SC_PAGESIZE")
 DISK_PAGES = 64
@@ -229,9 +234,9 @@ class Faults(unittest.TestCase):
         for part, commands in {"container": WRITERS, "list": ["drain"]}.items():
             scene = self.scene()
             with self.disk(scene, part):
-                subprocess.run(["mount", "-o", "remount,ro", scene / part], check=True)
+                subprocess.run(["mount", "-o", "remount,bind,ro", scene / part], check=True)
                 self.check_read_only(scene, commands, "Read-only file system")
-                subprocess.run(["mount", "-o", "remount,rw", scene / part], check=True)
+                subprocess.run(["mount", "-o", "remount,bind,rw", scene / part], check=True)
                 self.assert_drains(scene)
 
     def test_write_protected_directories(self):
@@ -267,18 +272,11 @@ class Faults(unittest.TestCase):
 
     def test_something_else_in_the_place_of_a_file(self):
         a_directory = ": Is a directory"
-        writers_of_all = dict.fromkeys(("publish", "drain"), a_directory)
-        readers_of_repository = ("inspect repository", "projects", "categories", "tasks", "add")
-        no_container = {
-            command: "there is no container" for command in set(COMMANDS) - {"publish", "add"}
-        }
         cases = [
-            (INFO, None, dict.fromkeys(("show", "status", "inspect info"), a_directory)),
-            (REPOSITORY, None, dict.fromkeys(readers_of_repository, a_directory)),
-            (TIMESTAMP, None, dict.fromkeys(("status", "inspect timestamp"), a_directory)),
-        ]
-        cases = [(name, content, fails | writers_of_all) for name, content, fails in cases] + [
-            (LIST, None, writers_of_all),
+            (name, None, dict.fromkeys((*readers, "publish", "drain"), a_directory))
+            for name, readers in READERS_OF.items()
+        ] + [
+            (LIST, None, dict.fromkeys(("publish", "drain"), a_directory)),
             (NEXT, None, {"drain": a_directory}),
             (JOURNAL, None, {"drain": a_directory}),
             (JOURNAL, b"{}", {"drain": "not a journal"}),
@@ -305,17 +303,28 @@ class Faults(unittest.TestCase):
                     self.assert_drains(scene)
 
     def test_malformed_archives(self):
-        readers = {
-            INFO: ("show", "status", "inspect info"),
-            REPOSITORY: ("projects", "categories", "tasks", "add", "inspect repository"),
-            TIMESTAMP: ("status", "inspect timestamp"),
-        }
-        for name, commands in readers.items():
+        for name, commands in READERS_OF.items():
             whole = (self.template / name).read_bytes()
             for content in (b"", b"garbage", whole[:-1], whole[: len(whole) // 2], whole[1:]):
                 self.check_obstacle(name, content, dict.fromkeys(commands, "cannot read '"))
             other = (self.template / (INFO if name == TIMESTAMP else TIMESTAMP)).read_bytes()
             self.check_obstacle(name, other, dict.fromkeys(commands[:-1], "cannot read '"))
+
+    def test_unreadable_files(self):
+        cases = READERS_OF | {LIST: ("publish", "drain"), QUEUE: (*WRITERS, "status")}
+        for name, fails in cases.items():
+            for command, arguments in COMMANDS.items():
+                with self.subTest(name=name, command=command):
+                    scene = self.scene()
+                    before = scene.content()
+                    (scene / name).chmod(0)
+                    result = scene.run(arguments, become_weak)
+                    (scene / name).chmod(0o755)
+                    if command not in fails:
+                        self.assert_works(result)
+                        continue
+                    self.assert_fails(result, "Permission denied")
+                    self.assertEqual(scene.content(), before)
 
     def test_malformed_batch(self):
         scene = self.scene()
