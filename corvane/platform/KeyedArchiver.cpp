@@ -120,10 +120,6 @@ void KeyedArchiver::encodeObject(ArchiveKey key, const Value& value) {
     addSlot(key, slotOfValue(value));
 }
 
-void KeyedArchiver::encodeInline(ArchiveKey key, const Value& value) {
-    add(key, inlineRef(value));
-}
-
 void KeyedArchiver::encodeField(std::string_view key, const Value& value, bool isInline) {
     const Ref ref = isInline ? inlineRef(value) : writer_.addUID(slotOfValue(value));
     keys_.push_back(writer_.addText(key));

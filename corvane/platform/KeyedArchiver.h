@@ -75,11 +75,8 @@ class KeyedArchiver {
         addSlot(key, slotOfMap(*map, growth));
     }
 
-    /// A value written in place, not as an object of its own: a number, a text or bytes. Other
-    /// kinds are written as encodeObject does.
-    void encodeInline(ArchiveKey key, const Value& value);
-
-    /// A value under a key that came from an archive.
+    /// A value under a key that came from an archive. In place means: not as an object of its own,
+    /// which only numbers, texts and bytes can be; other kinds are written as encodeObject does.
     void encodeField(std::string_view key, const Value& value, bool isInline);
 
   private:
