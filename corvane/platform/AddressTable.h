@@ -1,6 +1,8 @@
 // A number for each of many addresses, in one block of memory.
 #pragma once
 
+#include "corvane/platform/LargeBlocks.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -31,6 +33,8 @@ class AddressTable {
         std::uint32_t number = 0;
     };
 
+    using Entries = std::vector<Entry, BlockAllocator<Entry>>;
+
     std::size_t homeOf(const void* address) const {
         // The golden ratio spreads addresses, which differ in few and the same bits.
         constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15;
@@ -44,13 +48,13 @@ class AddressTable {
     }
 
     void grow() {
-        std::vector<Entry> old(2 * entries_.size());
+        Entries old(2 * entries_.size());
         old.swap(entries_);
         for (const Entry& entry : old)
             if (entry.address) entries_[placeOf(entry.address)] = entry;
     }
 
-    std::vector<Entry> entries_;
+    Entries entries_;
     std::size_t count_ = 0;
 };
 

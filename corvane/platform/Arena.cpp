@@ -7,7 +7,9 @@ namespace corvane::platform {
 namespace {
 
 // Below the size from which allocators fetch fresh pages from the system for every block.
-constexpr std::size_t kLargestChunk = 64 * 1024;
+constexpr std::size_t kSmallChunk = 64 * 1024;
+// Of one huge page, which only what is large already needs.
+constexpr std::size_t kLargeChunk = 2 * 1024 * 1024;
 
 }  // namespace
 
@@ -22,7 +24,8 @@ void* Arena::allocate(std::size_t size, std::size_t alignment) {
         }
         free_ = newChunk(nextChunkSize_);
         room_ = nextChunkSize_;
-        nextChunkSize_ = std::min(2 * nextChunkSize_, kLargestChunk);
+        nextChunkSize_ =
+            size_ < 2 * kLargeChunk ? std::min(2 * nextChunkSize_, kSmallChunk) : kLargeChunk;
         place = free_;
     }
     free_ = static_cast<std::byte*>(place) + size;
@@ -33,7 +36,8 @@ void* Arena::allocate(std::size_t size, std::size_t alignment) {
 
 std::byte* Arena::newChunk(std::size_t size) {
     // Not value-initialised: whoever gets a piece constructs an object in it.
-    chunks_.emplace_back(new std::byte[size]);
+    chunks_.push_back(makeBlock<std::byte>(size));
+    size_ += size;
     return chunks_.back().get();
 }
 

@@ -1,6 +1,7 @@
 // Memory that is handed out piece by piece and returned all at once: what one archive decodes to.
 #pragma once
 
+#include "corvane/platform/LargeBlocks.h"
 #include "corvane/platform/ReferenceCount.h"
 
 #include <cstddef>
@@ -34,10 +35,11 @@ class Arena {
     std::byte* newChunk(std::size_t size);
 
     ReferenceCount holders_;
-    std::vector<std::unique_ptr<std::byte[]>> chunks_;
+    std::vector<Block<std::byte>> chunks_;
     std::byte* free_ = nullptr;
     std::size_t room_ = 0;
     std::size_t nextChunkSize_ = 4096;
+    std::size_t size_ = 0;  ///< of all chunks
 };
 
 struct ArenaRelease {

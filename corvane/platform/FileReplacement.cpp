@@ -19,7 +19,7 @@ namespace {
 struct Job {
     std::string path;  // where the file goes, links at the end followed
     std::string staging;
-    std::span<const std::byte> content;
+    const ContentWriter& content;
     Durability durability;
     std::optional<mode_t> permissions;  // of the file that stands there already
 
@@ -59,16 +59,26 @@ std::optional<Error> examineTarget(Job& job) {
     return std::nullopt;
 }
 
-int writeAll(int file, std::span<const std::byte> content) {
-    while (!content.empty()) {
-        ssize_t count =
-            retryOnInterrupt([&] { return ::write(file, content.data(), content.size()); });
-        if (count < 0) return errno;
-        if (count == 0) return EIO;
-        content = content.subspan(static_cast<std::size_t>(count));
+class FileSink final : public ByteSink {
+  public:
+    explicit FileSink(int file) : file_(file) {}
+    int failure() const { return failure_; }
+
+    bool write(std::span<const std::byte> piece) override {
+        while (failure_ == 0 && !piece.empty()) {
+            ssize_t count =
+                retryOnInterrupt([&] { return ::write(file_, piece.data(), piece.size()); });
+            if (count < 0) failure_ = errno;
+            if (count == 0) failure_ = EIO;
+            if (count > 0) piece = piece.subspan(static_cast<std::size_t>(count));
+        }
+        return failure_ == 0;
     }
-    return 0;
-}
+
+  private:
+    int file_;
+    int failure_ = 0;
+};
 
 /// Network file systems report a full disk only when a descriptor is closed.
 int flushByClosing(int file) {
@@ -83,7 +93,8 @@ int fill(int file, const Job& job) {
     if (::fstat(file, &status) != 0) return errno;
     bool differs = job.permissions && (status.st_mode & 0777) != *job.permissions;
     if (differs && ::fchmod(file, *job.permissions) != 0) return errno;
-    if (int failure = writeAll(file, job.content)) return failure;
+    FileSink sink(file);
+    if (!job.content(sink)) return sink.failure() ? sink.failure() : ECANCELED;
     if (job.durability == Durability::Rename) return flushByClosing(file);
     return retryOnInterrupt([&] { return ::fsync(file); }) == 0 ? 0 : errno;
 }
@@ -159,7 +170,7 @@ int syncDirectory(const std::string& path) {
 }
 
 template <class Publish>
-std::optional<Error> replace(const std::string& path, std::span<const std::byte> content,
+std::optional<Error> replace(const std::string& path, const ContentWriter& content,
                              Durability durability,
                              const std::optional<std::string>& stagingDirectory, Publish publish) {
     Job job{path, {}, content, durability, std::nullopt};
@@ -173,11 +184,21 @@ std::optional<Error> replace(const std::string& path, std::span<const std::byte>
     return std::nullopt;
 }
 
+ContentWriter inOnePiece(std::span<const std::byte> content) {
+    return [content](ByteSink& sink) { return sink.write(content); };
+}
+
 }  // namespace
 
 std::optional<Error> replaceFile(const std::string& path, std::span<const std::byte> content,
                                  Durability durability,
                                  const std::optional<std::string>& stagingDirectory) {
+    return replaceFileInPieces(path, inOnePiece(content), durability, stagingDirectory);
+}
+
+std::optional<Error> replaceFileInPieces(const std::string& path, const ContentWriter& content,
+                                         Durability durability,
+                                         const std::optional<std::string>& stagingDirectory) {
     return replace(path, content, durability, stagingDirectory, [](const Job& job) {
         // Whatever keeps a nameless file from its place, the ordinary way either gets there or
         // finds the reason.
@@ -189,7 +210,7 @@ std::optional<Error> replaceFile(const std::string& path, std::span<const std::b
 std::optional<Error> replaceFileThroughHiddenName(
     const std::string& path, std::span<const std::byte> content, Durability durability,
     const std::optional<std::string>& stagingDirectory) {
-    return replace(path, content, durability, stagingDirectory, publishHiddenFile);
+    return replace(path, inOnePiece(content), durability, stagingDirectory, publishHiddenFile);
 }
 
 }  // namespace corvane::platform

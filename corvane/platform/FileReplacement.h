@@ -2,6 +2,7 @@
 // failure leaves the old content. Functions without state; call them from any thread.
 #pragma once
 
+#include "corvane/platform/ByteSink.h"
 #include "corvane/platform/Error.h"
 
 #include <cstddef>
@@ -32,6 +33,12 @@ enum class Durability {
 /// may find only after the exchange that the directory cannot be written to the disk.
 [[nodiscard]] std::optional<Error> replaceFile(
     const std::string& path, std::span<const std::byte> content, Durability durability,
+    const std::optional<std::string>& stagingDirectory = std::nullopt);
+
+/// The same for a content that is made while it is written. Its writer runs at least once, and
+/// again where a nameless file could be written but not named.
+[[nodiscard]] std::optional<Error> replaceFileInPieces(
+    const std::string& path, const ContentWriter& content, Durability durability,
     const std::optional<std::string>& stagingDirectory = std::nullopt);
 
 /// The same without nameless files: what replaceFile resorts to where there are none.

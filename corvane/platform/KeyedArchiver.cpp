@@ -40,37 +40,46 @@ KeyedArchiver::KeyedArchiver() {
     objects_.push_back(writer_.addText(archive::kNullText));
 }
 
-std::optional<Bytes> KeyedArchiver::archivedData(const Value& root) {
+template <class Root>
+std::optional<Bytes> KeyedArchiver::dataOf(const Root& root) {
     KeyedArchiver archiver;
-    return archiver.finish(archiver.slotOfValue(root));
+    const auto top = archiver.finish(archiver.slotOfRoot(root));
+    if (!top) return std::nullopt;
+    BytesSink sink(archiver.writer_.fileSize());
+    archiver.writer_.write(*top, sink);
+    return sink.take();
+}
+
+template <class Root>
+std::optional<Error> KeyedArchiver::write(const Root& root, const std::string& path,
+                                          Durability durability,
+                                          const std::optional<std::string>& staging) {
+    KeyedArchiver archiver;
+    const auto top = archiver.finish(archiver.slotOfRoot(root));
+    if (!top) return Error{"archive", 0, "too many or too deeply nested objects for " + path};
+    const auto content = [&](ByteSink& sink) { return archiver.writer_.write(*top, sink); };
+    return replaceFileInPieces(path, content, durability, staging);
+}
+
+std::optional<Bytes> KeyedArchiver::archivedData(const Value& root) {
+    return dataOf(root);
 }
 
 std::optional<Bytes> KeyedArchiver::archivedData(const Archivable& root) {
-    KeyedArchiver archiver;
-    return archiver.finish(archiver.slotOfRecord(root));
+    return dataOf(root);
 }
-
-namespace {
-
-std::optional<Error> writeArchive(const std::optional<Bytes>& data, const std::string& path,
-                                  Durability durability, std::optional<std::string> staging) {
-    if (!data) return Error{"archive", 0, "too many or too deeply nested objects for " + path};
-    return replaceFile(path, *data, durability, std::move(staging));
-}
-
-}  // namespace
 
 std::optional<Error> KeyedArchiver::archiveToFile(const Value& root, const std::string& path,
                                                   Durability durability,
                                                   std::optional<std::string> stagingDirectory) {
-    return writeArchive(archivedData(root), path, durability, std::move(stagingDirectory));
+    return write(root, path, durability, stagingDirectory);
 }
 
 std::optional<Error> KeyedArchiver::archiveToFile(const Archivable& root, const std::string& path) {
-    return writeArchive(archivedData(root), path, Durability::Rename, std::nullopt);
+    return write(root, path, Durability::Rename, std::nullopt);
 }
 
-std::optional<Bytes> KeyedArchiver::finish(Slot root) {
+std::optional<KeyedArchiver::Ref> KeyedArchiver::finish(Slot root) {
     if (failed_) return std::nullopt;
     const Ref rootKey = writer_.addKey(archive::kRootKey.name());
     const Ref rootUID = writer_.addUID(root);
@@ -80,7 +89,8 @@ std::optional<Bytes> KeyedArchiver::finish(Slot root) {
     const Ref values[] = {
         writer_.addInteger(archive::kVersion), writer_.addText(archive::kArchiverName),
         writer_.addDictionary({&rootKey, 1}, {&rootUID, 1}), writer_.addArray(objects_)};
-    return writer_.finish(writer_.addDictionary(keys, values));
+    const Ref top = writer_.addDictionary(keys, values);
+    return writer_.fitsFile() ? std::optional(top) : std::nullopt;
 }
 
 void KeyedArchiver::add(ArchiveKey key, Ref value) {
@@ -152,7 +162,7 @@ KeyedArchiver::Slot KeyedArchiver::newSlot() {
     return static_cast<Slot>(objects_.size() - 1);
 }
 
-KeyedArchiver::Slot& KeyedArchiver::entryAt(std::vector<Slot>& slots, Ref ref) {
+KeyedArchiver::Slot& KeyedArchiver::entryAt(Slots& slots, Ref ref) {
     if (ref >= slots.size())
         slots.resize(std::max<std::size_t>(ref + std::size_t{1}, 2 * slots.size()));
     return slots[ref];
@@ -326,6 +336,16 @@ KeyedArchiver::Slot KeyedArchiver::endMap(Slot slot, std::span<const Slot> keySl
 
 KeyedArchiver::Slot KeyedArchiver::slotOfClass(std::string_view className,
                                                std::string_view baseName) {
+    // Most names are constants, and a record with a name of its own keeps it while it is written.
+    const auto address = reinterpret_cast<std::uintptr_t>(className.data());
+    auto& recent = recentClasses_[(address >> 3) % recentClasses_.size()];
+    if (recent.first != className || recent.second == 0)
+        recent = {className, slotOfNewClass(className, baseName)};
+    return recent.second;
+}
+
+KeyedArchiver::Slot KeyedArchiver::slotOfNewClass(std::string_view className,
+                                                  std::string_view baseName) {
     auto [entry, isNew] = slotOfClass_.try_emplace(className, 0);
     if (!isNew) return entry->second;
     const Slot slot = entry->second = newSlot();

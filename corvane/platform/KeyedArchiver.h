@@ -11,6 +11,7 @@
 #include "corvane/platform/Value.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <iterator>
 #include <map>
@@ -82,17 +83,28 @@ class KeyedArchiver {
   private:
     using Ref = PropertyListWriter::Ref;
     using Slot = std::uint32_t;
+    using Slots = std::vector<Slot, BlockAllocator<Slot>>;
     class Record;
 
     KeyedArchiver();
-    std::optional<Bytes> finish(Slot root);
+    /// The top object of the file; none where there can be no file.
+    std::optional<Ref> finish(Slot root);
+
+    template <class Root>
+    static std::optional<Bytes> dataOf(const Root& root);
+    template <class Root>
+    static std::optional<Error> write(const Root& root, const std::string& path,
+                                      Durability durability,
+                                      const std::optional<std::string>& staging);
+    Slot slotOfRoot(const Value& root) { return slotOfValue(root); }
+    Slot slotOfRoot(const Archivable& root) { return slotOfRecord(root); }
 
     void add(ArchiveKey key, Ref value);
     void addSlot(ArchiveKey key, Slot slot);
     Ref inlineRef(const Value& value);
 
     Slot newSlot();
-    static Slot& entryAt(std::vector<Slot>& slots, Ref ref);
+    static Slot& entryAt(Slots& slots, Ref ref);
     Slot slotOfScalar(Ref scalar);
     Slot slotOfValue(const Value& value);
     Slot slotOfText(std::string_view text);
@@ -136,10 +148,11 @@ class KeyedArchiver {
         std::vector<Slot> items;
         keys.reserve(map.size());
         items.reserve(map.size());
-        auto ahead = map.begin();
-        std::advance(ahead, std::min(map.size(), kLookAhead));
+        auto far = std::next(map.begin(), std::min(std::ssize(map), kFarAhead));
+        auto near = std::next(map.begin(), std::min(std::ssize(map), kNearAhead));
         for (const auto& [key, item] : map) {
-            if (ahead != map.end()) prefetch(*ahead++);
+            if (far != map.end()) prefetchContent(*far++);
+            if (near != map.end()) prefetchPlaces(*near++);
             keys.push_back(slotOfItem(key));
             items.push_back(slotOfItem(item));
         }
@@ -147,31 +160,43 @@ class KeyedArchiver {
     }
 
     // Maps hold their entries all over memory; those that come next are fetched meanwhile.
-    static constexpr std::size_t kLookAhead = 4;
+    static constexpr std::ptrdiff_t kFarAhead = 8;
+    static constexpr std::ptrdiff_t kNearAhead = 3;
     template <class Entry>
-    void prefetch(const Entry&) const {}
+    void prefetchContent(const Entry&) const {}
+    template <class Entry>
+    void prefetchPlaces(const Entry&) const {}
     template <class T>
-    void prefetch(const std::pair<const URL, std::shared_ptr<T>>& entry) const {
+    void prefetchContent(const std::pair<const URL, std::shared_ptr<T>>& entry) const {
         const auto* object = reinterpret_cast<const char*>(entry.second.get());
         for (std::size_t line = 0; line < sizeof(T); line += 64)
             __builtin_prefetch(object + line);
+        const auto* text = static_cast<const char*>(entry.first.sharedText().identity());
+        __builtin_prefetch(text);
+        __builtin_prefetch(text + 64);
         slotOfObject_.prefetch(object);
-        slotOfObject_.prefetch(entry.first.sharedText().identity());
+        slotOfObject_.prefetch(text);
+    }
+    template <class T>
+    void prefetchPlaces(const std::pair<const URL, std::shared_ptr<T>>& entry) const {
+        writer_.prefetchText(entry.first.absoluteString());
     }
 
     Slot beginContainer();
     Slot endList(Slot slot, std::span<const Slot> items, Growth growth);
     Slot endMap(Slot slot, std::span<const Slot> keys, std::span<const Slot> items, Growth growth);
     Slot slotOfClass(std::string_view className, std::string_view baseName);
+    Slot slotOfNewClass(std::string_view className, std::string_view baseName);
     Ref arrayOfSlots(std::span<const Slot> slots);
 
     PropertyListWriter writer_;
-    std::vector<Ref> objects_;        ///< the object in each slot
-    std::vector<Slot> slotOfScalar_;  ///< by number of the scalar; 0 where it has no slot
-    std::vector<Slot> slotOfURL_;     ///< by number of its text; 0 where there is none
+    std::vector<Ref, BlockAllocator<Ref>> objects_;  ///< the object in each slot
+    Slots slotOfScalar_;  ///< by number of the scalar; 0 where it has no slot
+    Slots slotOfURL_;     ///< by number of its text; 0 where there is none
     std::unordered_map<std::int64_t, Slot> slotOfDay_;
     AddressTable slotOfObject_;
     std::unordered_map<std::string_view, Slot> slotOfClass_;
+    std::array<std::pair<std::string_view, Slot>, 16> recentClasses_{};  ///< by address
     Slot nullTextSlot_ = 0;
     Slot nullObjectSlot_ = 0;
     Slot emptyListSlot_ = 0;

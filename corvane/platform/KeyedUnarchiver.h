@@ -4,6 +4,7 @@
 #include "corvane/platform/ArchiveClasses.h"
 #include "corvane/platform/ArchiveKey.h"
 #include "corvane/platform/Arena.h"
+#include "corvane/platform/LargeBlocks.h"
 #include "corvane/platform/PropertyListReader.h"
 #include "corvane/platform/Value.h"
 
@@ -77,7 +78,9 @@ class KeyedUnarchiver {
         auto entries = decodeEntries(key);
         if (!entries) return result;
         result.emplace();
-        for (std::size_t i = 0; i < entries->keys.size(); ++i) {
+        const std::size_t count = entries->keys.size();
+        for (std::size_t i = 0; i < count; ++i) {
+            if (i + kLookAhead < count) entries->items[i + kLookAhead]->prefetchObject();
             const URL* url = entries->keys[i]->url();
             auto typed = itemAs<T>(*entries->items[i]);
             // Archives written in order fill the map without a search.
@@ -109,6 +112,8 @@ class KeyedUnarchiver {
         Items keys;
         Items items;
     };
+    // Objects decoded long ago have left the processor's cache; this many are fetched meanwhile.
+    static constexpr std::size_t kLookAhead = 8;
     static constexpr std::uint64_t kNothing = ~std::uint64_t{0};
     struct Class;
     struct Record;
@@ -182,10 +187,12 @@ class KeyedUnarchiver {
     bool failed_ = false;
     std::uint64_t budget_;
 
-    std::vector<const Value*> valueOfSlot_;  ///< null when new, &inProgress_ while being read
+    std::vector<const Value*, BlockAllocator<const Value*>>
+        valueOfSlot_;  ///< null when new, &inProgress_ while being read
     const Value inProgress_;
     std::deque<Value> values_;  ///< deques, so that what is in them can be referred to
-    std::vector<std::uint32_t> textOfObject_;  ///< by object number: index in texts_ + 1
+    std::vector<std::uint32_t, BlockAllocator<std::uint32_t>>
+        textOfObject_;  ///< by object number: index in texts_ + 1
     std::deque<SharedText> texts_;
     std::unordered_map<Slot, std::unique_ptr<Class>> classOfSlot_;
     std::array<std::pair<Slot, Class*>, 8> recentClasses_{};

@@ -1,6 +1,7 @@
 #include "corvane/platform/PropertyListWriter.h"
 
 #include "corvane/platform/BigEndian.h"
+#include "corvane/platform/OutputBuffer.h"
 #include "corvane/platform/PropertyListFormat.h"
 #include "corvane/platform/TextEncoding.h"
 
@@ -19,7 +20,8 @@ namespace {
 constexpr Ref kFalseRef = 0;
 constexpr Ref kTrueRef = 1;
 constexpr std::size_t kFirstTextSlots = 256;
-constexpr std::size_t kChunkSize = 64 * 1024;
+constexpr std::size_t kSmallChunk = 64 * 1024;
+constexpr std::size_t kLargeChunk = 2 * 1024 * 1024;
 
 // Sizes of integers in the format: 1, 2 or 4 bytes unsigned, else 8 signed.
 unsigned integerSize(std::uint64_t number) {
@@ -31,11 +33,37 @@ unsigned log2(unsigned size) {
     return static_cast<unsigned>(std::countr_zero(size));
 }
 
+// Large chunks come in huge pages, of which a small file needs none.
+std::size_t chunkSizeAfter(std::uint64_t byteCount) {
+    return byteCount < kLargeChunk ? kSmallChunk : kLargeChunk;
+}
+
 std::size_t sizePrefix(std::uint64_t size) {
     return size < plist::kSizeFollows ? 1 : 2 + integerSize(size);
 }
 
-/// What the first bytes of an object say about it.
+/// By eight bytes at a time, because every text of an archive passes here.
+std::uint32_t hashOf(std::span<const std::uint8_t> bytes) {
+    constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15;
+    std::uint64_t hash = bytes.size() * kSpread;
+    const auto mix = [&](std::uint64_t word) {
+        hash = (std::rotl(hash, 23) ^ word) * kSpread;
+        hash ^= hash >> 32;
+    };
+    const std::uint8_t* at = bytes.data();
+    std::size_t left = bytes.size();
+    for (; left >= 8; left -= 8, at += 8) {
+        std::uint64_t word;
+        std::memcpy(&word, at, 8);
+        mix(word);
+    }
+    std::uint64_t tail = 0;
+    if (left > 0) std::memcpy(&tail, at, left);
+    mix(tail);
+    return static_cast<std::uint32_t>(hash >> 16);
+}
+
+// What the first bytes of an object say about it.
 struct Extent {
     std::size_t prefix;  ///< of marker and size
     std::size_t bytes;   ///< after the prefix, where they are not references
@@ -74,19 +102,16 @@ Extent extentOf(const std::uint8_t* object) {
     }
 }
 
-// Writes an object with its references in `refSize` bytes. Stores whole words, which may reach
-// behind the object, while they end before `limit`.
-std::uint8_t* writeObject(const std::uint8_t* object, std::uint8_t* at, unsigned refSize,
-                          const std::uint8_t* limit) {
+// The object as it stands in the file, with its references in `refSize` bytes.
+void putObject(const std::uint8_t* object, OutputBuffer& output, unsigned refSize) {
     const Extent extent = extentOf(object);
-    at = std::copy_n(object, extent.prefix + extent.bytes, at);
+    output.put({object, extent.prefix + extent.bytes});
     object += extent.prefix;
-    for (std::size_t i = 0; i < extent.refs; ++i, object += sizeof(Ref), at += refSize) {
+    for (std::size_t i = 0; i < extent.refs; ++i, object += sizeof(Ref)) {
         Ref ref;
         std::memcpy(&ref, object, sizeof ref);
-        at + 8 <= limit ? writeBigEndianWide(at, ref, refSize) : writeBigEndian(at, ref, refSize);
+        output.putNumber(ref, refSize);
     }
-    return at;
 }
 
 }  // namespace
@@ -102,8 +127,8 @@ PropertyListWriter::PropertyListWriter() : texts_(kFirstTextSlots) {
 // Begins an object, which must be put in full before the next one begins.
 Ref PropertyListWriter::append(std::size_t size) {
     if (size > room_) {
-        room_ = std::max(size, kChunkSize);
-        chunks_.emplace_back(new std::uint8_t[room_]);
+        room_ = std::max(size, chunkSizeAfter(byteCount_));
+        chunks_.push_back(makeBlock<std::uint8_t>(room_));
         free_ = chunks_.back().get();
     }
     byteCount_ += size;
@@ -143,13 +168,13 @@ Ref PropertyListWriter::appendNumber(std::uint8_t marker, std::uint64_t number, 
 }
 
 Ref PropertyListWriter::addInteger(std::int64_t number) {
-    auto [entry, isNew] = integers_.try_emplace(number, 0);
-    if (isNew) {
-        const unsigned size = integerSize(static_cast<std::uint64_t>(number));
-        entry->second = appendNumber(static_cast<std::uint8_t>(plist::kInteger | log2(size)),
-                                     static_cast<std::uint64_t>(number), size);
+    const auto bits = static_cast<std::uint64_t>(number);
+    Ref& known = bits < smallIntegers_.size() ? smallIntegers_[bits] : integers_[number];
+    if (known == 0) {
+        const unsigned size = integerSize(bits);
+        known = appendNumber(static_cast<std::uint8_t>(plist::kInteger | log2(size)), bits, size);
     }
-    return entry->second;
+    return known;
 }
 
 Ref PropertyListWriter::addReal(double number) {
@@ -185,19 +210,23 @@ Ref PropertyListWriter::addText(std::string_view text) {
     return addUniquePayload(plist::kUTF16, units.size() / 2, units);
 }
 
+void PropertyListWriter::prefetchText(std::string_view text) const {
+    const std::span payload(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+    __builtin_prefetch(&texts_[hashOf(payload) & (texts_.size() - 1)]);
+}
+
 Ref PropertyListWriter::addKey(std::string_view key) {
     const auto address = reinterpret_cast<std::uintptr_t>(key.data());
-    Ref& recent = recentKeys_[(address >> 3 ^ address >> 10) % recentKeys_.size()];
-    const std::span payload(reinterpret_cast<const std::uint8_t*>(key.data()), key.size());
-    if (recent == 0 || !isText(recent, plist::kASCII, payload)) recent = addText(key);
-    return recent;
+    RecentKey& recent = recentKeys_[(address >> 3 ^ address >> 11) % recentKeys_.size()];
+    if (recent.key.data() != key.data() || recent.key.size() != key.size())
+        recent = {key, addText(key)};
+    return recent.ref;
 }
 
 Ref PropertyListWriter::addUniquePayload(std::uint8_t marker, std::uint64_t size,
                                          std::span<const std::uint8_t> payload) {
     if (4 * textCount_ >= 3 * texts_.size()) growTexts();
-    const auto hash = static_cast<std::uint32_t>(std::hash<std::string_view>{}(
-        {reinterpret_cast<const char*>(payload.data()), payload.size()}));
+    const std::uint32_t hash = hashOf(payload);
     std::size_t i = hash & (texts_.size() - 1);
     for (; texts_[i].ref != 0; i = (i + 1) & (texts_.size() - 1))
         if (texts_[i].hash == hash && isText(texts_[i].ref, marker, payload)) return texts_[i].ref;
@@ -220,7 +249,7 @@ bool PropertyListWriter::isText(Ref ref, std::uint8_t marker,
 }
 
 void PropertyListWriter::growTexts() {
-    std::vector<TextSlot> grown(2 * texts_.size());
+    Table<TextSlot> grown(2 * texts_.size());
     for (const TextSlot& slot : texts_) {
         if (slot.ref == 0) continue;
         std::size_t i = slot.hash & (grown.size() - 1);
@@ -249,31 +278,46 @@ Ref PropertyListWriter::addDictionary(std::span<const Ref> keys, std::span<const
     return appendContainer(plist::kDictionary, keys.size(), keys, values);
 }
 
-std::optional<Bytes> PropertyListWriter::finish(Ref top) const {
-    if (overflow_) return std::nullopt;
+struct PropertyListWriter::Layout {
+    unsigned refSize;
+    std::uint64_t tableStart;
+    unsigned offsetSize;
+};
+
+PropertyListWriter::Layout PropertyListWriter::layout() const {
     const unsigned refSize = plist::byteCount(objects_.size());
     const std::uint64_t tableStart =
         plist::kMagic.size() + byteCount_ - refCount_ * sizeof(Ref) + refCount_ * refSize;
-    const unsigned offsetSize = plist::byteCount(tableStart);
+    return {refSize, tableStart, plist::byteCount(tableStart)};
+}
 
-    Bytes file(tableStart + objects_.size() * offsetSize + plist::kTrailerSize);
-    auto* const begin = reinterpret_cast<std::uint8_t*>(file.data());
-    std::uint8_t* const table = begin + tableStart;
-    std::uint8_t* at = std::copy(plist::kMagic.begin(), plist::kMagic.end(), begin);
-    std::uint8_t* entry = table;
+std::uint64_t PropertyListWriter::fileSize() const {
+    const Layout parts = layout();
+    return parts.tableStart + objects_.size() * parts.offsetSize + plist::kTrailerSize;
+}
+
+bool PropertyListWriter::write(Ref top, ByteSink& sink) const {
+    const Layout parts = layout();
+    // With room for a whole word at the end.
+    const auto table = makeBlock<std::uint8_t>(objects_.size() * parts.offsetSize + 8);
+    std::uint8_t* entry = table.get();
+    OutputBuffer output(sink);
+    output.put({reinterpret_cast<const std::uint8_t*>(plist::kMagic.data()), plist::kMagic.size()});
     for (const std::uint8_t* object : objects_) {
-        writeBigEndianWide(entry, static_cast<std::uint64_t>(at - begin), offsetSize);
-        entry += offsetSize;
-        at = writeObject(object, at, refSize, table);
+        writeBigEndianWide(entry, output.position(), parts.offsetSize);
+        entry += parts.offsetSize;
+        putObject(object, output, parts.refSize);
     }
+    output.put({table.get(), entry});
 
-    std::fill_n(entry, plist::kTrailerSize, std::uint8_t{0});
-    entry[plist::kTrailerOffsetSize] = static_cast<std::uint8_t>(offsetSize);
-    entry[plist::kTrailerRefSize] = static_cast<std::uint8_t>(refSize);
-    writeBigEndian(entry + plist::kTrailerObjectCount, objects_.size(), 8);
-    writeBigEndian(entry + plist::kTrailerTopObject, top, 8);
-    writeBigEndian(entry + plist::kTrailerTableStart, tableStart, 8);
-    return file;
+    std::array<std::uint8_t, plist::kTrailerSize> trailer{};
+    trailer[plist::kTrailerOffsetSize] = static_cast<std::uint8_t>(parts.offsetSize);
+    trailer[plist::kTrailerRefSize] = static_cast<std::uint8_t>(parts.refSize);
+    writeBigEndian(&trailer[plist::kTrailerObjectCount], objects_.size(), 8);
+    writeBigEndian(&trailer[plist::kTrailerTopObject], top, 8);
+    writeBigEndian(&trailer[plist::kTrailerTableStart], parts.tableStart, 8);
+    output.put(trailer);
+    return output.flush();
 }
 
 }  // namespace corvane::platform

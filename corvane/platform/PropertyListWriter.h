@@ -1,7 +1,8 @@
 // Composes a binary property list from the inside out: contents first, then what holds them.
 #pragma once
 
-#include "corvane/platform/Bytes.h"
+#include "corvane/platform/ByteSink.h"
+#include "corvane/platform/LargeBlocks.h"
 
 #include <array>
 #include <cstddef>
@@ -33,18 +34,34 @@ class PropertyListWriter {
     /// UTF-8 in; ill-formed sequences are written as U+FFFD.
     Ref addText(std::string_view text);
 
-    /// The same for a text that is often added from the same place in memory, such as a key.
+    /// The same for a constant of the program, which is known by its address when it comes again.
     Ref addKey(std::string_view key);
+
+    /// Says that the text will be added soon.
+    void prefetchText(std::string_view text) const;
 
     Ref addArray(std::span<const Ref> elements);
 
     /// REQUIRES: as many values as keys, and keys that are texts.
     Ref addDictionary(std::span<const Ref> keys, std::span<const Ref> values);
 
-    /// The file with `top` as its top object; none when it would hold 2^32 objects or more.
-    std::optional<Bytes> finish(Ref top) const;
+    /// False when there are 2^32 objects or more, which no file can hold.
+    bool fitsFile() const { return !overflow_; }
+
+    /// In bytes, of what write() writes.
+    std::uint64_t fileSize() const;
+
+    /// The file with `top` as its top object; false as soon as the sink answers so. REQUIRES:
+    /// fitsFile().
+    bool write(Ref top, ByteSink& sink) const;
 
   private:
+    struct Layout;
+    Layout layout() const;
+
+    template <class T>
+    using Table = std::vector<T, BlockAllocator<T>>;
+
     Ref append(std::size_t size);
     Ref appendContainer(std::uint8_t marker, std::uint64_t count, std::span<const Ref> first,
                         std::span<const Ref> second);
@@ -58,10 +75,10 @@ class PropertyListWriter {
 
     // The objects as they will stand in the file, except that references take four bytes here. In
     // chunks, because they grow to the size of the file and would be copied again and again.
-    std::vector<std::unique_ptr<std::uint8_t[]>> chunks_;
+    std::vector<Block<std::uint8_t>> chunks_;
     std::uint8_t* free_ = nullptr;
     std::size_t room_ = 0;
-    std::vector<const std::uint8_t*> objects_;
+    Table<const std::uint8_t*> objects_;
     std::uint64_t byteCount_ = 0;  ///< of all objects
     std::uint64_t refCount_ = 0;   ///< of all references in them
     bool overflow_ = false;
@@ -70,10 +87,15 @@ class PropertyListWriter {
         std::uint32_t hash = 0;
         Ref ref = 0;
     };
-    std::vector<TextSlot> texts_;  ///< open addressing; ref 0 is never a text
+    Table<TextSlot> texts_;  ///< open addressing; ref 0 is never a text
     std::size_t textCount_ = 0;
-    std::array<Ref, 128> recentKeys_{};  ///< by address; what is found is compared
-    std::vector<Ref> uids_;              ///< by UID; 0 where there is none yet
+    struct RecentKey {
+        std::string_view key;
+        Ref ref = 0;
+    };
+    std::array<RecentKey, 256> recentKeys_{};  ///< by address
+    std::array<Ref, 256> smallIntegers_{};     ///< from 0 on; 0 where there is none yet
+    Table<Ref> uids_;                          ///< by UID; 0 where there is none yet
     std::unordered_map<std::int64_t, Ref> integers_;
     std::unordered_map<std::uint64_t, Ref> reals_;
 };

@@ -124,6 +124,12 @@ class Value {
     const ValueMap* map() const { return content<ValueMap>(); }
     std::shared_ptr<Archivable> object() const;
 
+    /// Says that the record, if there is one, will be looked at soon.
+    void prefetchObject() const {
+        if (auto* object = std::get_if<std::shared_ptr<Archivable>>(&box_))
+            __builtin_prefetch(object->get());
+    }
+
     /// The record as a T, or null where the box holds anything else.
     template <class T>
     std::shared_ptr<T> objectAs() const {
