@@ -14,8 +14,8 @@ class SystemClock final : public Clock {
 };
 
 const Clock*& clockInForce() {
-    static const SystemClock system;
-    static const Clock* clock = &system;
+    // Never destroyed: objects that end after everything else may still ask.
+    static const Clock* clock = new SystemClock;
     return clock;
 }
 

@@ -1,8 +1,10 @@
 #include "corvane/platform/Console.h"
 
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
-#include <utility>
+#include <atomic>
 
 namespace corvane::platform {
 
@@ -16,22 +18,30 @@ class StandardError final : public Console {
         text += '\n';
         [[maybe_unused]] auto written = ::write(STDERR_FILENO, text.data(), text.size());
     }
+
+    // Unless it is closed or thrown away.
+    bool showsTraces() const override {
+        const auto kNull = makedev(1, 3);
+        struct stat status {};
+        return ::fstat(STDERR_FILENO, &status) == 0 &&
+               !(S_ISCHR(status.st_mode) && status.st_rdev == kNull);
+    }
 };
 
-Console*& consoleInForce() {
-    static StandardError standardError;
-    static Console* console = &standardError;
+/// Atomic, because threads of the log report while a test puts another one in force.
+std::atomic<Console*>& consoleInForce() {
+    // Never destroyed: objects that end after everything else may still have something to say.
+    static std::atomic<Console*> console = new StandardError;
     return console;
 }
 
 }  // namespace
 
 Console& currentConsole() {
-    return *consoleInForce();
+    return *consoleInForce().load();
 }
 
-ScopedConsole::ScopedConsole(Console& console)
-    : previous_(std::exchange(consoleInForce(), &console)) {}
+ScopedConsole::ScopedConsole(Console& console) : previous_(consoleInForce().exchange(&console)) {}
 
 ScopedConsole::~ScopedConsole() {
     consoleInForce() = previous_;

@@ -12,6 +12,10 @@ class Console {
   public:
     virtual ~Console() = default;
     virtual void writeLine(std::string_view line) = 0;
+
+    /// Whether anybody may read lines that only developers want ("### …"). Where not, whoever would
+    /// make large ones need not.
+    virtual bool showsTraces() const { return true; }
 };
 
 /// The console in force: standard error, unless a ScopedConsole stands in for it.
@@ -27,7 +31,8 @@ class RecordingConsole final : public Console {
     std::vector<std::string> lines_;
 };
 
-/// Puts a console in force for as long as it lives; for tests, on one thread.
+/// Puts a console in force for as long as it lives; for tests, and for a program's whole run. On
+/// one thread; what other threads may write to it must end first.
 class ScopedConsole {
   public:
     explicit ScopedConsole(Console& console);

@@ -1,6 +1,7 @@
 #include "corvane/platform/FileReplacement.h"
 
 #include "corvane/platform/FileDescriptor.h"
+#include "corvane/platform/FileSink.h"
 
 #include <sys/stat.h>
 
@@ -58,27 +59,6 @@ std::optional<Error> examineTarget(Job& job) {
     job.permissions = status.st_mode & 0777;
     return std::nullopt;
 }
-
-class FileSink final : public ByteSink {
-  public:
-    explicit FileSink(int file) : file_(file) {}
-    int failure() const { return failure_; }
-
-    bool write(std::span<const std::byte> piece) override {
-        while (failure_ == 0 && !piece.empty()) {
-            ssize_t count =
-                retryOnInterrupt([&] { return ::write(file_, piece.data(), piece.size()); });
-            if (count < 0) failure_ = errno;
-            if (count == 0) failure_ = EIO;
-            if (count > 0) piece = piece.subspan(static_cast<std::size_t>(count));
-        }
-        return failure_ == 0;
-    }
-
-  private:
-    int file_;
-    int failure_ = 0;
-};
 
 /// Network file systems report a full disk only when a descriptor is closed.
 int flushByClosing(int file) {

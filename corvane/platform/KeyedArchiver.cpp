@@ -141,7 +141,8 @@ KeyedArchiver::Ref KeyedArchiver::inlineRef(const Value& value) {
         case Value::Kind::Boolean:
             return writer_.addBoolean(value.booleanValue());
         case Value::Kind::Integer:
-            return writer_.addInteger(value.integerValue());
+            return value.largeInteger() ? writer_.addUnsigned(*value.largeInteger())
+                                        : writer_.addInteger(value.integerValue());
         case Value::Kind::Real:
             return writer_.addReal(value.realValue());
         case Value::Kind::Text:
@@ -183,7 +184,8 @@ KeyedArchiver::Slot KeyedArchiver::slotOfValue(const Value& value) {
         case Value::Kind::Boolean:
             return slotOfScalar(writer_.addBoolean(value.booleanValue()));
         case Value::Kind::Integer:
-            return slotOfScalar(writer_.addInteger(value.integerValue()));
+            return slotOfScalar(value.largeInteger() ? writer_.addUnsigned(*value.largeInteger())
+                                                     : writer_.addInteger(value.integerValue()));
         case Value::Kind::Real:
             return slotOfScalar(writer_.addReal(value.realValue()));
         case Value::Kind::Text:

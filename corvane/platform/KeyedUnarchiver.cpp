@@ -295,6 +295,7 @@ Value KeyedUnarchiver::scalar(const Object& object) {
         case Kind::Integer:
             return object.integer;
         case Kind::Real:
+            if (object.integer != 0) return static_cast<std::uint64_t>(object.integer);
             return object.real;
         case Kind::Date:
             return instantFromReferenceSeconds(object.real);

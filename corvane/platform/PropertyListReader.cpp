@@ -23,12 +23,13 @@ double readReal(const std::uint8_t* at, unsigned size) {
     return std::bit_cast<double>(readBigEndian(at, 8));
 }
 
-// 16-byte integers exist for unsigned values above 2^63 - 1; they are read as the nearest real.
+// 16-byte integers exist for unsigned values above 2^63 - 1.
 PropertyListObject readWideInteger(const std::uint8_t* at) {
     if (readBigEndian(at, 8) != 0) return {};
     std::uint64_t low = readBigEndian(at + 8, 8);
-    if (low >> 63) return {.kind = Kind::Real, .real = static_cast<double>(low)};
-    return {.kind = Kind::Integer, .integer = static_cast<std::int64_t>(low)};
+    const auto bits = static_cast<std::int64_t>(low);
+    if (bits < 0) return {.kind = Kind::Real, .integer = bits, .real = static_cast<double>(low)};
+    return {.kind = Kind::Integer, .integer = bits};
 }
 
 }  // namespace

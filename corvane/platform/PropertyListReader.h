@@ -32,8 +32,10 @@ struct PropertyListObject {
     };
 
     Kind kind = Kind::Invalid;
-    std::int64_t integer = 0;  ///< of a Boolean (0 or 1), an Integer or a UID
-    double real = 0;           ///< of a Real or a Date
+    /// Of a Boolean (0 or 1), an Integer or a UID. A whole number above INT64_MAX is a Real, which
+    /// may be off by a little, and has its own bits here; any other Real has 0.
+    std::int64_t integer = 0;
+    double real = 0;  ///< of a Real or a Date
     const std::uint8_t* payload = nullptr;
     std::uint64_t count = 0;  ///< bytes of Data and ASCII, units of UTF16, elements, pairs
 };

@@ -77,6 +77,7 @@ Extent extentOf(const std::uint8_t* object) {
             return {1, 0, 0};
         case plist::kInteger:
         case plist::kReal:
+        case plist::kDate & 0xF0:
             return {1, std::size_t{1} << low, 0};
         case plist::kUID:
             return {1, low + std::size_t{1}, 0};
@@ -175,6 +176,25 @@ Ref PropertyListWriter::addInteger(std::int64_t number) {
         known = appendNumber(static_cast<std::uint8_t>(plist::kInteger | log2(size)), bits, size);
     }
     return known;
+}
+
+Ref PropertyListWriter::addUnsigned(std::uint64_t number) {
+    const auto bits = static_cast<std::int64_t>(number);
+    if (bits >= 0) return addInteger(bits);
+    // In 8 bytes it would be negative.
+    const Ref ref = append(17);
+    std::uint8_t object[17] = {plist::kInteger | 4};
+    writeBigEndian(object + 9, number, 8);
+    put(object);
+    return ref;
+}
+
+Ref PropertyListWriter::addFloat(float number) {
+    return appendNumber(plist::kReal | 2, std::bit_cast<std::uint32_t>(number), 4);
+}
+
+Ref PropertyListWriter::addDate(double seconds) {
+    return appendNumber(plist::kDate, std::bit_cast<std::uint64_t>(seconds), 8);
 }
 
 Ref PropertyListWriter::addReal(double number) {

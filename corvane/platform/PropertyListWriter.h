@@ -27,7 +27,14 @@ class PropertyListWriter {
 
     Ref addBoolean(bool flag);
     Ref addInteger(std::int64_t number);
+    Ref addUnsigned(std::uint64_t number);
     Ref addReal(double number);
+
+    /// In half the bytes.
+    Ref addFloat(float number);
+
+    /// In seconds since 2001-01-01 00:00 UTC.
+    Ref addDate(double seconds);
     Ref addData(std::span<const std::byte> data);
     Ref addUID(std::uint32_t uid);
 

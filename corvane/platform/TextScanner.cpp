@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <clocale>
+#include <cstdlib>
 #include <limits>
+#include <string>
 
 namespace corvane::platform {
 
@@ -35,7 +38,31 @@ bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
+// The length in bytes of the white space at the end; 0 where there is none.
+std::size_t spaceLengthAtEnd(std::string_view text) {
+    if (text.empty()) return 0;
+    if (static_cast<unsigned char>(text.back()) < 0x80)
+        return spaceLength(text.substr(text.size() - 1));
+    auto* space = std::find_if(std::begin(kWideSpaces), std::end(kWideSpaces),
+                               [&](std::string_view each) { return text.ends_with(each); });
+    return space == std::end(kWideSpaces) ? 0 : space->size();
+}
+
+// Of a number that from_chars found too large or too small, without telling which.
+double nearestDouble(std::string_view number) {
+    static const locale_t invariant = ::newlocale(LC_ALL_MASK, "C", nullptr);
+    const double nearest = ::strtod_l(std::string(number).c_str(), nullptr, invariant);
+    return std::min(nearest, std::numeric_limits<double>::max());
+}
+
 }  // namespace
+
+std::string_view withoutOuterSpace(std::string_view text) {
+    text = withoutLeadingSpace(text);
+    while (std::size_t length = spaceLengthAtEnd(text))
+        text.remove_suffix(length);
+    return text;
+}
 
 std::optional<std::int64_t> TextScanner::scanInteger() {
     std::string_view text = withoutLeadingSpace(rest_);
@@ -62,6 +89,21 @@ std::optional<std::int64_t> TextScanner::scanIntegerAfter(char separator) {
     auto number = scanInteger();
     if (!number) rest_ = start;
     return number;
+}
+
+std::optional<double> TextScanner::scanDouble() {
+    std::string_view text = withoutLeadingSpace(rest_);
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+')) text.remove_prefix(1);
+    // from_chars also knows names of numbers and takes a second sign.
+    const bool isNumber = !text.empty() && (isDigit(text[0]) || text[0] == '.');
+    double number = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (!isNumber || result.ec == std::errc::invalid_argument) return std::nullopt;
+    const auto length = static_cast<std::size_t>(result.ptr - text.data());
+    if (result.ec == std::errc::result_out_of_range) number = nearestDouble(text.substr(0, length));
+    rest_ = text.substr(length);
+    return negative ? -number : number;
 }
 
 }  // namespace corvane::platform

@@ -7,6 +7,9 @@
 
 namespace corvane::platform {
 
+/// The text without white space and line breaks (Unicode's too) at its ends.
+std::string_view withoutOuterSpace(std::string_view text);
+
 /// Steps over white space and line breaks (Unicode's too) before each thing it reads. The text must
 /// outlive it. For one thread; a failed reading leaves the position where it was.
 class TextScanner {
@@ -18,6 +21,10 @@ class TextScanner {
 
     /// The integer that follows exactly one `separator`; two in a row are not one.
     std::optional<std::int64_t> scanIntegerAfter(char separator);
+
+    /// A decimal number, with or without a sign, point and exponent, whatever the locale. One too
+    /// large for a double gives the largest finite one, one too small gives 0.
+    std::optional<double> scanDouble();
 
   private:
     std::string_view rest_;

@@ -10,6 +10,7 @@ namespace {
 
 // Every finite double of at least this magnitude lies outside 64 bits.
 constexpr double kTwoTo63 = 9223372036854775808.0;
+constexpr double kTwoTo64 = 2 * kTwoTo63;
 
 std::strong_ordering compareReals(double a, double b) {
     if (std::isnan(a) || std::isnan(b)) return std::isnan(b) <=> std::isnan(a);
@@ -26,6 +27,17 @@ std::strong_ordering compareIntegerToReal(std::int64_t a, double b) {
     auto whole = static_cast<std::int64_t>(b);
     if (a != whole) return a <=> whole;
     return compareReals(0.0, b - static_cast<double>(whole));
+}
+
+std::strong_ordering compareIntegerToReal(std::uint64_t a, double b) {
+    if (std::isnan(b) || b < kTwoTo63) return std::strong_ordering::greater;
+    if (b >= kTwoTo64) return std::strong_ordering::less;
+    return a <=> static_cast<std::uint64_t>(b);  // reals of this size are whole
+}
+
+std::strong_ordering compareIntegerToReal(const Value& a, double b) {
+    return a.largeInteger() ? compareIntegerToReal(*a.largeInteger(), b)
+                            : compareIntegerToReal(a.integerValue(), b);
 }
 
 std::strong_ordering reversed(std::strong_ordering order) {
@@ -47,9 +59,13 @@ std::strong_ordering compareNumbers(const Value& a, const Value& b) {
     bool realA = a.kind() == Value::Kind::Real;
     bool realB = b.kind() == Value::Kind::Real;
     if (realA && realB) return compareReals(a.realValue(), b.realValue());
-    if (realA) return reversed(compareIntegerToReal(b.integerValue(), a.realValue()));
-    if (realB) return compareIntegerToReal(a.integerValue(), b.realValue());
-    return a.integerValue() <=> b.integerValue();
+    if (realA) return reversed(compareIntegerToReal(b, a.realValue()));
+    if (realB) return compareIntegerToReal(a, b.realValue());
+    if (!a.largeInteger() || !b.largeInteger()) {
+        auto order = a.integerValue() <=> b.integerValue();  // a large one is clamped here
+        return order == 0 ? !!a.largeInteger() <=> !!b.largeInteger() : order;
+    }
+    return *a.largeInteger() <=> *b.largeInteger();
 }
 
 std::strong_ordering compareSameKind(const Value& a, const Value& b) {
@@ -132,6 +148,7 @@ bool ValueLess::operator()(std::string_view a, const Value& b) const {
 std::int64_t Value::integerValue() const {
     if (auto* flag = std::get_if<bool>(&box_)) return *flag;
     if (auto* integer = std::get_if<std::int64_t>(&box_)) return *integer;
+    if (largeInteger()) return std::numeric_limits<std::int64_t>::max();
     auto* real = std::get_if<double>(&box_);
     if (!real || std::isnan(*real)) return 0;
     if (*real >= kTwoTo63) return std::numeric_limits<std::int64_t>::max();
@@ -139,8 +156,17 @@ std::int64_t Value::integerValue() const {
     return static_cast<std::int64_t>(*real);
 }
 
+std::uint64_t Value::unsignedValue() const {
+    if (largeInteger()) return *largeInteger();
+    auto* real = std::get_if<double>(&box_);
+    if (!real) return static_cast<std::uint64_t>(integerValue());
+    if (*real >= kTwoTo64) return std::numeric_limits<std::uint64_t>::max();
+    return *real > 0 ? static_cast<std::uint64_t>(*real) : 0;
+}
+
 double Value::realValue() const {
     if (auto* real = std::get_if<double>(&box_)) return *real;
+    if (largeInteger()) return static_cast<double>(*largeInteger());
     return static_cast<double>(integerValue());
 }
 

@@ -75,7 +75,11 @@ class Value {
     template <std::same_as<bool> T>  // keeps pointers from converting to a flag
     Value(T flag) : box_(flag) {}
     template <std::integral T>
-    requires(!std::same_as<T, bool>) Value(T number) : box_(static_cast<std::int64_t>(number)) {}
+    requires(!std::same_as<T, bool>) Value(T number) : box_(static_cast<std::int64_t>(number)) {
+        if constexpr (std::unsigned_integral<T> && sizeof(T) == sizeof(std::uint64_t)) {
+            if (number > std::uint64_t{INT64_MAX}) box_ = std::uint64_t{number};
+        }
+    }
     Value(double number) : box_(number) {}
     Value(const char* text) : Value(std::string_view(text)) {}
     Value(std::string_view text) : box_(SharedText(text)) {}
@@ -97,13 +101,16 @@ class Value {
     template <class T>
     Value(std::optional<T> value) : Value(value ? Value(std::move(*value)) : Value()) {}
 
-    Kind kind() const { return static_cast<Kind>(box_.index()); }
-    bool isNull() const { return kind() == Kind::Null; }
+    Kind kind() const { return largeInteger() ? Kind::Integer : static_cast<Kind>(box_.index()); }
+    bool isNull() const { return box_.index() == 0; }
     bool isNumber() const { return kind() >= Kind::Boolean && kind() <= Kind::Real; }
 
     /// Numeric readings of a number: a real is truncated towards zero and clamped to 64 bits, NaN
-    /// is 0, a flag is 0 or 1. Anything that is not a number reads as 0 or false.
+    /// is 0, a flag is 0 or 1. Anything that is not a number reads as 0 or false. An integer above
+    /// INT64_MAX is clamped where it is read as signed; one below 0 that is read as unsigned keeps
+    /// its 64 bits, since that is how some programs store large unsigned ones.
     std::int64_t integerValue() const;
+    std::uint64_t unsignedValue() const;
     double realValue() const;
     bool booleanValue() const;
 
@@ -115,6 +122,9 @@ class Value {
 
     /// The content, or null where the box holds another kind.
     const SharedText* sharedText() const { return std::get_if<SharedText>(&box_); }
+    const std::uint64_t* largeInteger() const {  ///< an integer above INT64_MAX
+        return std::get_if<std::uint64_t>(&box_);
+    }
     const platform::URL* url() const { return std::get_if<platform::URL>(&box_); }
     const platform::Instant* instant() const { return std::get_if<platform::Instant>(&box_); }
     const EXDateOnly* day() const { return std::get_if<EXDateOnly>(&box_); }
@@ -159,11 +169,11 @@ class Value {
         return shared ? shared->get() : nullptr;
     }
 
-    // In the order of Kind.
+    // In the order of Kind; the last is an Integer too, always above INT64_MAX.
     std::variant<std::monostate, bool, std::int64_t, double, SharedText, platform::URL,
                  platform::Instant, EXDateOnly, EXTimeOnly, std::shared_ptr<const Bytes>,
                  std::shared_ptr<const ValueList>, std::shared_ptr<const ValueMap>,
-                 std::shared_ptr<Archivable>>
+                 std::shared_ptr<Archivable>, std::uint64_t>
         box_;
 };
 

@@ -38,7 +38,8 @@ std::vector<std::vector<Value>> ascending() {
         {0.5}, {1, 1.0, true, 1u}, {3, 3.0, 3.0f}, {3.5}, {kTwoTo53, static_cast<double>(kTwoTo53)},
         {kTwoTo53 + 1},  // has no double of its own
         {kTwoTo53 + 2, static_cast<double>(kTwoTo53 + 2)},
-        {INT64_MAX}, {9223372036854775808.0}, {kInfinity},
+        {INT64_MAX}, {9223372036854775808.0, 9223372036854775808u}, {9223372036854775809u},
+        {UINT64_MAX}, {18446744073709551616.0}, {kInfinity},
         {"", std::string()}, {"1", SharedText("1"), std::optional<std::string>("1")}, {"a"},
         {URL("a"), URL("a")}, {URL("b")}, {Instant()}, {kReferenceDate},
         {EXDateOnly()}, {EXDateOnly(2024, 3, 5)}, {EXTimeOnly()}, {EXTimeOnly(8, 30, 15)},
