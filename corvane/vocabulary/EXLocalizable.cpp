@@ -4,6 +4,7 @@
 #include "corvane/platform/TextFolding.h"
 #include "corvane/vocabulary/ShippedStrings.h"
 
+#include <atomic>
 #include <functional>
 #include <map>
 #include <mutex>
@@ -35,7 +36,10 @@ class StringTables {
         std::string name(platform::Locale(language).baseName());
         std::unique_lock lock(mutex_);
         tables_[name].add(table);
+        ++revision_;
     }
+
+    std::uint64_t revision() const { return revision_; }
 
     std::optional<std::string> text(std::string_view key) const {
         std::shared_lock lock(mutex_);
@@ -62,6 +66,7 @@ class StringTables {
 
     mutable std::shared_mutex mutex_;
     std::map<std::string, platform::StringTable, std::less<>> tables_;
+    std::atomic<std::uint64_t> revision_ = 0;
 };
 
 platform::Error errorOfProblems(const std::string& path,
@@ -129,6 +134,10 @@ std::optional<platform::Error> EXLocalizable::addStringTableFromFile(std::string
     if (!text) return error;
     auto problems = addStringTable(language, *text);
     return problems.empty() ? std::nullopt : std::optional(errorOfProblems(path, problems));
+}
+
+std::uint64_t EXLocalizable::stringTablesRevision() {
+    return StringTables::shared().revision();
 }
 
 }  // namespace corvane

@@ -7,6 +7,7 @@
 #include "corvane/platform/StringTable.h"
 
 #include <concepts>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -64,6 +65,9 @@ class EXLocalizable {
     /// that was passed over; the other lines count nevertheless.
     static std::optional<platform::Error> addStringTableFromFile(std::string_view language,
                                                                  const std::string& path);
+
+    /// Another number after each table added: for whoever keeps texts that it has looked up.
+    static std::uint64_t stringTablesRevision();
 };
 
 }  // namespace corvane

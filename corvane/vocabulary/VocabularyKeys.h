@@ -1,5 +1,6 @@
 // The domain's vocabularies: in each table the position is the code and the entry the key of its
-// title. Codes are stored in archives and backups, so an entry never moves and none is removed.
+// title. Codes are stored in archives, so an entry never moves and none is removed. Backups hold
+// the texts instead (but of the indicators and "CustomD"), so they never change either.
 #pragma once
 
 #include <array>
@@ -26,8 +27,18 @@ inline constexpr std::array<std::string_view, 9> kTaskRepeatKeys{
     "Never",          "EveryDay",     "EveryWeek", "EveryTwoWeeks", "EveryMonth",
     "EveryTwoMonths", "EveryQuarter", "EveryYear", "CustomD"};
 
+/// Of such a rule.
+inline constexpr std::array<std::string_view, 4> kRepeatFrequencyKeys{
+    "RepeatDaily", "RepeatWeekly", "RepeatMonthly", "RepeatYearly"};
+
 inline constexpr std::array<std::string_view, 8> kColorKeys{"Gray", "Purple", "Violet", "Blue",
                                                             "Cyan", "Green",  "Orange", "Red"};
+
+// Not codes but names: what users call these days, in full and for short.
+inline constexpr std::string_view kTodayKey = "Today";
+inline constexpr std::string_view kTodayShortKey = "TodayShort";
+inline constexpr std::string_view kTomorrowKey = "Tomorrow";
+inline constexpr std::string_view kTomorrowShortKey = "TomorrowShort";
 
 inline constexpr std::array<std::string_view, 45> kIndicatorKeys = {
     "SIndicatorNone",

@@ -118,13 +118,15 @@ TEST(HGChoiceListFactory, EveryCodeOfTheVocabularyAndNoOtherHasAName) {
 }
 
 TEST(HGChoiceListFactory, EachLanguageReadsWithoutProblemsAndHoldsExactlyTheKeysInUse) {
-    std::set<std::string, std::less<>> keysInUse{"SAttachmentNone", "SCategoryNone", "SProjectNone",
-                                                 "ProjectNone"};
+    std::set<std::string, std::less<>> keysInUse{
+        "SAttachmentNone", "SCategoryNone", "SProjectNone",  "ProjectNone", "Today",
+        "TodayShort",      "Tomorrow",      "TomorrowShort", "DueTomorrow", "Due3Days",
+        "Due5Days",        "Due7Days",      "Starred",       "DueToday"};
     for (VocabularyKeys vocabulary :
          {VocabularyKeys(kPriorityKeys), VocabularyKeys(kTaskStatusKeys),
           VocabularyKeys(kActionStatusKeys), VocabularyKeys(kProjectStatusKeys),
-          VocabularyKeys(kTaskRepeatKeys), VocabularyKeys(kColorKeys),
-          VocabularyKeys(kIndicatorKeys)})
+          VocabularyKeys(kTaskRepeatKeys), VocabularyKeys(kRepeatFrequencyKeys),
+          VocabularyKeys(kColorKeys), VocabularyKeys(kIndicatorKeys)})
         keysInUse.insert(vocabulary.begin(), vocabulary.end());
     for (const auto& [language, text] : shippedStrings()) {
         auto [table, problems] = platform::StringTable::parse(text);
