@@ -1,0 +1,23 @@
+// What is exported to a table: records in their order, each answering values by key. Owned by its
+// caller; asked on the thread that writes.
+#pragma once
+
+#include "corvane/toolkit/EXValue.h"
+
+#include <cstddef>
+#include <string_view>
+
+namespace corvane {
+
+/// An interface over records wherever they lie, so that none has to be copied to be exported.
+class EXKeyValueRows {
+  public:
+    virtual ~EXKeyValueRows() = default;
+    virtual std::size_t count() const = 0;
+
+    /// Null for what the record at the index does not have. May be asked for more than once in a
+    /// writing, and answers the same each time.
+    virtual EXValue valueForKey(std::string_view key, std::size_t index) const = 0;
+};
+
+}  // namespace corvane
