@@ -1,5 +1,6 @@
 #include "corvane/bridge/HGInsertQueue.h"
 #include "corvane/bridge/HGSharedContainer.h"
+#include "corvane/logging/Log.h"
 #include "corvane/platform/Files.h"
 #include "corvane/platform/MappedFile.h"
 
@@ -60,6 +61,7 @@ void runAdd(const NewTask& newTask) {
     waitForFreeName(queue);
     platform::Error error;
     if (!queue.addTaskProxies({task}, &error)) throw Failure(error);
+    logging::log(logging::Level::Information, "add: 1 task queued");
     // The name of the general project is for the queue, not for people.
     if (!newTask.project) task->setProjectName(std::nullopt);
     print(fmt::format("Queued for the main application:\n{}", taskLines({&task, 1})));

@@ -168,6 +168,7 @@ class Writer {
             case Kind::Boolean:
                 return value.booleanValue();
             case Kind::Integer:
+                if (value.largeInteger()) return *value.largeInteger();
                 return value.integerValue();
             case Kind::Real:
                 return realJson(value.realValue());

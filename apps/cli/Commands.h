@@ -3,6 +3,7 @@
 #pragma once
 
 #include "corvane/dates/EXDateOnly.h"
+#include "corvane/platform/Locale.h"
 
 #include <cstdint>
 #include <optional>
@@ -36,6 +37,22 @@ void runAdd(const NewTask& newTask);
 
 // As anyone.
 void runStatus(Format format);
+
+struct WhenQuestion {
+    std::string text;
+    std::optional<platform::Locale> locale;  ///< Of the formats and of the language.
+    std::optional<EXDateOnly> today;
+};
+void runWhen(const WhenQuestion& question, Format format);
+
+/// Without a key, all settings. Not both a value and the wish for the default.
+struct PrefsQuestion {
+    std::optional<std::string> key;
+    std::optional<std::string> value;
+    bool reset = false;
+};
+void runPrefs(const PrefsQuestion& question, Format format);
+
 void runInspect(const std::string& file);
 
 }  // namespace corvane::cli

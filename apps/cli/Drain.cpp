@@ -7,10 +7,10 @@
 #include "corvane/vocabulary/HGLocalizable.h"
 
 #include "apps/cli/Failure.h"
-#include "apps/cli/QueuedTask.h"
-#include "apps/cli/TextOutput.h"
+#include "apps/cli/TaskFormat.h"
 
-#include <fmt/format.h>
+#include <algorithm>
+#include <iterator>
 
 namespace corvane::cli {
 
@@ -31,11 +31,11 @@ GeneralProjectNames generalProjectNames() {
 /// What a poll brought, as the list gets it.
 struct Poll {
     std::vector<std::string> batches;  ///< those with tasks
-    std::vector<std::string> lines;
+    std::vector<std::string> entries;
     std::vector<std::string> warnings;
 };
 
-Poll pollOf(const Batches& batches) {
+Poll pollOf(const Batches& batches, const TaskFormat& format) {
     const auto generalNames = generalProjectNames();
     Poll poll;
     for (const auto& batch : batches) {
@@ -45,35 +45,31 @@ Poll pollOf(const Batches& batches) {
             continue;
         }
         poll.batches.push_back(batch.fileName);
-        for (const auto& task : batch.taskProxies) {
-            const QueuedTask queued = queuedTaskOf(*task, generalNames);
-            poll.lines.push_back(queued.line.text());
-            for (const std::string& lost : queued.lost) {
-                poll.warnings.push_back(
-                    fmt::format("'{}' loses {}", onOneLine(queued.line.title), lost));
-            }
-        }
+        Intake intake = format.intakeOf(batch, generalNames);
+        std::move(intake.entries.begin(), intake.entries.end(), std::back_inserter(poll.entries));
+        std::move(intake.warnings.begin(), intake.warnings.end(),
+                  std::back_inserter(poll.warnings));
     }
     return poll;
 }
 
-/// Puts the queue's tasks into the list. Gives the lines that were added.
-std::vector<std::string> add(DrainJournal& journal) {
+/// Puts the queue's tasks into the list. Gives the entries that were added.
+std::vector<std::string> add(DrainJournal& journal, const TaskFormat& format) {
     Poll poll;
     std::optional<platform::Error> error;
     HGInsertQueue().pollAllTaskProxies([&](const Batches& batches) {
-        poll = pollOf(batches);
-        if (!poll.lines.empty()) error = journal.commit(poll.batches, poll.lines);
+        poll = pollOf(batches, format);
+        if (!poll.entries.empty()) error = journal.commit(poll.batches, poll.entries);
         return !error;
     });
     failOn(error);
     for (const std::string& warning : poll.warnings)
         platform::currentConsole().writeLine("corvane: " + warning);
-    if (poll.lines.empty()) return {};
+    if (poll.entries.empty()) return {};
     if (auto failure = journal.finish()) {
         throw Failure(failure->message + "; nothing is lost, drain again to complete it");
     }
-    return poll.lines;
+    return poll.entries;
 }
 
 }  // namespace
@@ -84,7 +80,7 @@ Drained drainQueue(const std::string& list, DrainJournal::StepHook afterStep) {
     DrainJournal journal(list, *queue, std::move(afterStep));
     Drained drained;
     failOn(journal.recover(drained.completed));
-    drained.added = add(journal);
+    drained.added = add(journal, TaskFormat::of(list));
     return drained;
 }
 

@@ -8,7 +8,7 @@
 
 namespace corvane::cli {
 
-/// Lines that were put into the list.
+/// Entries that were put into the list; for one of todo.txt, its lines.
 struct Drained {
     std::vector<std::string> completed;  ///< for a drain that was killed
     std::vector<std::string> added;

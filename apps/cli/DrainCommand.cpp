@@ -1,18 +1,21 @@
+#include "corvane/logging/Log.h"
 #include "corvane/platform/FileMoves.h"
 #include "corvane/platform/FileReplacement.h"
 #include "corvane/platform/Files.h"
 
+#include "apps/cli/Activity.h"
 #include "apps/cli/Commands.h"
 #include "apps/cli/Container.h"
 #include "apps/cli/Drain.h"
 #include "apps/cli/Failure.h"
 #include "apps/cli/Publisher.h"
+#include "apps/cli/TaskFormat.h"
 #include "apps/cli/TextOutput.h"
 
 #include <fmt/format.h>
 
-#include <array>
 #include <cerrno>
+#include <span>
 
 namespace corvane::cli {
 
@@ -23,37 +26,32 @@ void printAdded(std::string_view heading, const std::vector<std::string>& lines,
     if (lines.empty()) return;
     print(fmt::format("{} {} to {}\n", heading, counted(lines.size(), "task"), file));
     for (const std::string& line : lines)
-        print(fmt::format("  {}\n", onOneLine(line)));
+        print(fmt::format("  {}\n", onOneLine(TaskFormat::of(file).shownEntry(line))));
 }
 
 void makeList(const std::string& path) {
     platform::Error error;
     if (platform::readTextFile(path, &error)) return;
     if (error.code != ENOENT) throw Failure(error);
-    failOn(platform::replaceFile(path, {}, platform::Durability::Synced));
+    const std::string content = TaskFormat::of(path).emptyContent();
+    failOn(platform::replaceFile(path, std::as_bytes(std::span(content)),
+                                 platform::Durability::Synced));
     print(fmt::format("Made the list {}\n", path));
 }
 
-/// "Badges: today 2 -> 3, inbox 0 -> 1"
-std::string changesText(const HGBadgeValues& before, const HGBadgeValues& after) {
-    const std::array<std::pair<const char*, std::string_view>, 5> kBadges{{
-        {"inbox", HGSharedInfoBadgeValueInboxKey},
-        {"today", HGSharedInfoBadgeValueTodayKey},
-        {"today for tomorrow", HGSharedInfoBadgeValueTodayForTomorrowKey},
-        {"next", HGSharedInfoBadgeValueNextKey},
-        {"waiting for", HGSharedInfoBadgeValueWaitingForKey},
-    }};
-    std::string text;
-    for (const auto& [name, key] : kBadges) {
-        auto valueIn = [key = key](const HGBadgeValues& badges) {
-            auto found = badges.find(key);
-            return found == badges.end() ? 0 : found->second;
-        };
-        if (valueIn(before) == valueIn(after)) continue;
-        text += fmt::format("{}{} {} -> {}", text.empty() ? "" : ", ", name, valueIn(before),
-                            valueIn(after));
-    }
-    return text.empty() ? "no change" : text;
+/// Puts the queued tasks into the list at a resolved path, which the user knows as `file`.
+void drainInto(const std::string& path, const std::string& file) {
+    prepareQueue();
+    makeList(path);
+
+    const Drained drained = drainQueue(path);
+    printAdded("Completed a drain that was interrupted: added", drained.completed, file);
+    printAdded("Added", drained.added, file);
+    if (drained.added.empty() && drained.completed.empty()) print("The queue was empty\n");
+
+    publishAgain(readTasks(path, file));
+    logging::log(logging::Level::Information, "drain: {} added to {}",
+                 counted(drained.added.size() + drained.completed.size(), "task"), file);
 }
 
 }  // namespace
@@ -64,20 +62,7 @@ void runDrain(const std::string& file) {
     const auto path = platform::resolvedPath(file, &error);
     if (!path) throw Failure(error);
     const auto locks = lockDirectories({container, directoryOf(*path)});
-    prepareQueue();
-    makeList(*path);
-
-    const auto badges = publishedBadges().value_or(HGBadgeValues());
-    const Drained drained = drainQueue(*path);
-    printAdded("Completed a drain that was interrupted: added", drained.completed, file);
-    printAdded("Added", drained.added, file);
-    if (drained.added.empty() && drained.completed.empty()) print("The queue was empty\n");
-
-    const auto content = platform::readTextFile(*path, &error);
-    if (!content) throw Failure(error);
-    const Publication published = publish(TodoFile(*content), file);
-    print(fmt::format("Published {}; badges: {}\n", counted(published.tasks, "task"),
-                      changesText(badges, published.badges)));
+    runInActivity("Moving queued tasks into the list", [&] { drainInto(*path, file); });
 }
 
 }  // namespace corvane::cli

@@ -4,8 +4,8 @@
 #include "corvane/platform/FileReplacement.h"
 #include "corvane/platform/Files.h"
 
+#include "apps/cli/TaskFormat.h"
 #include "apps/cli/TextHash.h"
-#include "apps/cli/TodoFile.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
@@ -68,15 +68,15 @@ std::optional<Error> DrainJournal::recover(std::vector<std::string>& lines) {
 std::optional<Error> DrainJournal::commit(const std::vector<std::string>& batches,
                                           const std::vector<std::string>& lines) {
     Error error;
-    auto content = textOrEmpty(list_, error);
-    if (!content) return error;
+    const auto wanted = contentWith(lines, error);
+    if (!wanted) return error;
     Entry entry{queue_, {}, lines};
     for (const std::string& name : batches) {
         auto batch = platform::readTextFile(*queue_.appendingPathComponent(name).path(), &error);
         if (!batch) return error;
         entry.batches.push_back({name, hashText(*batch)});
     }
-    auto failure = writeNext(contentWithLines(std::move(*content), lines));
+    auto failure = writeNext(*wanted);
     if (failure) return abandoned(failure);
     after(Step::NextWritten);
     const std::string journal = written(entry);
@@ -142,6 +142,13 @@ std::optional<DrainJournal::Entry> DrainJournal::read(Error& error) const {
     return std::nullopt;
 }
 
+std::optional<std::string> DrainJournal::contentWith(const std::vector<std::string>& lines,
+                                                     Error& error) const {
+    auto content = textOrEmpty(list_, error);
+    if (!content) return std::nullopt;
+    return TaskFormat::of(list_).contentWithEntries(std::move(*content), lines, list_, error);
+}
+
 std::optional<Error> DrainJournal::writeNext(const std::string& content) const {
     // In place: what is half written is either forgotten or, once committed, written again.
     return platform::writeFileLike(list_, next_, std::as_bytes(std::span(content)));
@@ -151,12 +158,11 @@ std::optional<Error> DrainJournal::place(const std::vector<std::string>& lines) 
     Error error;
     auto prepared = platform::readTextFile(next_, &error);
     if (!prepared) return error.code == ENOENT ? std::nullopt : std::optional(error);
-    auto content = textOrEmpty(list_, error);
-    if (!content) return error;
     // The user may have changed the list since.
-    auto wanted = contentWithLines(std::move(*content), lines);
-    if (*prepared != wanted) {
-        if (auto failure = writeNext(wanted)) return failure;
+    const auto wanted = contentWith(lines, error);
+    if (!wanted) return error;
+    if (*prepared != *wanted) {
+        if (auto failure = writeNext(*wanted)) return failure;
     }
     return platform::moveFile(next_, list_);
 }

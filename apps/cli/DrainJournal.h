@@ -35,6 +35,9 @@ class DrainJournal {
     /// `list` is a resolved path; the list need not exist.
     DrainJournal(std::string list, platform::URL queueDirectory, StepHook afterStep = {});
 
+    // What goes into a list are lines for most, but entries of another kind for a document: see
+    // TaskFormat, which adds them.
+
     /// Completes what a killed drain had committed, and forgets what it had not. To be called
     /// before the queue is polled. Gives the lines of a drain that was completed.
     [[nodiscard]] std::optional<platform::Error> recover(std::vector<std::string>& lines);
@@ -62,6 +65,8 @@ class DrainJournal {
 
     std::string written(const Entry& entry) const;
     std::optional<Entry> read(platform::Error& error) const;
+    std::optional<std::string> contentWith(const std::vector<std::string>& lines,
+                                           platform::Error& error) const;
     std::optional<platform::Error> writeNext(const std::string& content) const;
     std::optional<platform::Error> abandoned(std::optional<platform::Error> reason) const;
     std::optional<platform::Error> place(const std::vector<std::string>& lines) const;

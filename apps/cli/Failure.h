@@ -16,6 +16,13 @@ class Failure : public std::runtime_error {
     explicit Failure(const platform::Error& error) : std::runtime_error(error.message) {}
 };
 
+/// The same for a command line that turns out to be wrong only when the command is at work. The
+/// program exits with 2.
+class WrongUsage : public Failure {
+  public:
+    using Failure::Failure;
+};
+
 inline void failOn(const std::optional<platform::Error>& error) {
     if (error) throw Failure(*error);
 }

@@ -142,6 +142,13 @@ std::string statusJson(const Status& status) {
          {"queue", {{"batches", status.queuedBatches}, {"tasks", status.queuedTasks}}}});
 }
 
+std::string momentJson(const Moment& moment) {
+    return document(
+        {{"day", moment.day ? ordered_json(moment.day->isoString()) : ordered_json()},
+         {"time", moment.time ? ordered_json(moment.time->isoString()) : ordered_json()},
+         {"word", orNull(moment.word)}});
+}
+
 std::string isoText(platform::Instant instant) {
     const auto time = platform::TimeZone::utc().civilFromInstant(instant);
     const auto microseconds = instant - std::chrono::floor<std::chrono::seconds>(instant);

@@ -3,6 +3,8 @@
 
 #include "corvane/bridge/HGSharedInfo.h"
 #include "corvane/bridge/HGTaskProxy.h"
+#include "corvane/dates/EXDateOnly.h"
+#include "corvane/dates/EXTimeOnly.h"
 #include "corvane/platform/Instant.h"
 #include "corvane/vocabulary/EXChoiceList.h"
 
@@ -33,6 +35,14 @@ struct Status {
     std::size_t queuedTasks = 0;
 };
 std::string statusJson(const Status& status);
+
+/// What a typed text means.
+struct Moment {
+    std::optional<EXDateOnly> day;
+    std::optional<EXTimeOnly> time;
+    std::optional<std::string> word;
+};
+std::string momentJson(const Moment& moment);
 
 /// "2024-03-05T14:07:09.123000Z"; years beyond four digits have a sign.
 std::string isoText(platform::Instant instant);

@@ -1,9 +1,9 @@
-// The main application's side of publishing: a list goes out to the companions.
+// The main application's side of publishing: its tasks go out to the companions.
 #pragma once
 
 #include "corvane/bridge/HGSharedInfo.h"
 
-#include "apps/cli/TodoFile.h"
+#include "apps/document/BackupDocument.h"
 
 #include <cstddef>
 #include <string>
@@ -23,9 +23,11 @@ struct Publication {
 };
 
 /// Writes repository, shared info and timestamp into the existing container, and makes its insert
-/// queue ready for companions. Lines of the list that are no tasks are reported on the console,
-/// under the list's name. The caller holds the container. Throws a Failure where a file cannot be
-/// written.
-Publication publish(const TodoFile& list, const std::string& listName);
+/// queue ready for companions. The caller holds the container. Throws a Failure where a file cannot
+/// be written.
+Publication publish(const backup::BackupDocument& document);
+
+/// The same for a document that has changed, and prints how the badges did.
+void publishAgain(const backup::BackupDocument& document);
 
 }  // namespace corvane::cli

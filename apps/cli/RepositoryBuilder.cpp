@@ -1,186 +1,157 @@
 #include "apps/cli/RepositoryBuilder.h"
 
-#include "corvane/vocabulary/HGColorNameProvider.h"
-#include "corvane/vocabulary/HGIndicatorNameProvider.h"
+#include "corvane/formats/HGEntityNames.h"
 #include "corvane/vocabulary/HGLocalizable.h"
 
-#include "apps/cli/PercentText.h"
-#include "apps/cli/TextHash.h"
+#include "apps/cli/DocumentIndex.h"
+#include "apps/cli/RecordsByName.h"
 
-#include <fmt/format.h>
-
-#include <algorithm>
-#include <set>
 #include <unordered_map>
 
 namespace corvane::cli {
 
 namespace {
 
-using platform::URL;
+using backup::URL;
+using URIs = HGSharedRepository::URIs;
 
-constexpr std::string_view kGeneralProjectNameKey = "ProjectNone";
-
-URL uriNamed(std::string_view kind, std::string_view name) {
-    return URL(fmt::format("x-corvane-todo://{}/{}", kind, percentEncoded(name)));
+void setCategory(auto& proxy, const backup::Category* category) {
+    if (!category) return;
+    proxy.setCategoryName(category->nameRaw);
+    proxy.setCategoryColor(category->colorRaw.value_or(0));
+    proxy.setCategoryIndicator(category->indicatorRaw.value_or(0));
 }
 
-bool equalIgnoringCase(std::string_view a, std::string_view b) {
-    auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [&](char x, char y) { return lower(x) == lower(y); });
-}
-
-std::int16_t colorOf(std::string_view category) {
-    const auto count = HGColorNameProvider::allColorNames().size();
-    return static_cast<std::int16_t>(stableHash(category) % count);
-}
-
-/// 0, no indicator, where none has the category's name.
-std::int16_t indicatorOf(std::string_view category) {
-    const auto& names = HGIndicatorNameProvider::allCategoryIndicatorNames();
-    auto found = std::find_if(names.begin() + 1, names.end(),
-                              [&](const auto& name) { return equalIgnoringCase(name, category); });
-    return found == names.end() ? std::int16_t{0}
-                                : static_cast<std::int16_t>(found - names.begin());
-}
-
-/// "a" of "a/b"; empty where the project belongs to no portfolio.
-std::string_view portfolioNameOf(std::string_view project) {
-    auto slash = project.find('/');
-    bool divides = slash != project.npos && slash > 0 && slash + 1 < project.size();
-    return divides ? project.substr(0, slash) : std::string_view();
-}
-
-/// Hands out the URIs of the tasks of one list.
-class TaskURIs {
-  public:
-    URL uriOf(const std::string& line) {
-        std::uint64_t hash = 0;
-        do {
-            hash = stableHash(fmt::format("{}\n{}", line, ordinals_[line]++));
-        } while (!used_.insert(hash).second);
-        return URL(fmt::format("x-corvane-todo://task/{:016x}", hash));
+HGTaskProxy::AttachmentProxies attachmentsOf(const backup::Task& task) {
+    HGTaskProxy::AttachmentProxies proxies;
+    for (const backup::Attachment& attachment : task.attachments) {
+        auto uri = attachment.uri == URL() ? std::nullopt : std::optional(attachment.uri);
+        auto proxy = std::make_shared<HGAttachmentProxy>(std::move(uri));
+        proxy->setType(attachment.typeRaw.value_or(0));
+        proxy->setUrl(attachment.url);
+        proxies.push_back(std::move(proxy));
     }
-
-  private:
-    std::unordered_map<std::string, int> ordinals_;
-    std::set<std::uint64_t> used_;
-};
-
-std::shared_ptr<HGTaskProxy> taskProxyOf(const TodoLine& line, const URL& uri) {
-    auto task = std::make_shared<HGTaskProxy>(uri);
-    task->setTitle(line.title);
-    task->setNotes(line.notes);
-    task->setStatus(line.status());
-    task->setStarred(line.starred);
-    task->setPriority(line.priority);
-    task->setDue(line.due);
-    task->setProjectName(line.project);
-    if (line.category) {
-        task->setCategoryName(line.category);
-        task->setCategoryColor(colorOf(*line.category));
-        task->setCategoryIndicator(indicatorOf(*line.category));
-    }
-    return task;
+    return proxies;
 }
 
-/// Records by URI with the URIs in the order of their making.
-template <class T>
-struct Ordered {
-    HGSharedRepository::ByURI<T> records;
-    HGSharedRepository::URIs uris;
-
-    /// The record of this name, and whether it was made only now.
-    std::pair<std::shared_ptr<T>, bool> at(std::string_view kind, std::string_view name) {
-        const URL uri = uriNamed(kind, name);
-        auto& record = records[uri];
-        bool isNew = !record;
-        if (isNew) {
-            record = std::make_shared<T>(uri);
-            record->setName(std::string(name));
-            uris.push_back(uri);
-        }
-        return {record, isNew};
+/// Where the document says nothing of a status or priority, the proxy has what new ones have.
+std::shared_ptr<HGTaskProxy> taskProxyOf(const backup::Task& task, const DocumentIndex& index) {
+    auto proxy = std::make_shared<HGTaskProxy>(task.uri);
+    proxy->setTitle(task.titleRaw);
+    proxy->setNotes(task.notes);
+    proxy->setStatus(task.statusRaw.value_or(proxy->status()));
+    proxy->setStarred(task.starredRaw.value_or(false));
+    proxy->setPriority(task.priorityRaw.value_or(proxy->priority()));
+    proxy->setDue(task.dueRaw);
+    proxy->setRepeat(task.repeatRaw.value_or(0));
+    if (const auto* project = index.project(task.projectRaw)) {
+        proxy->setProjectName(project->nameRaw);
     }
-};
+    setCategory(*proxy, index.category(task.contexts));
+    if (const auto* contributor = index.contributor(task.contributor)) {
+        proxy->setContributorName(nameOf(*contributor));
+    }
+    if (!task.attachments.empty()) proxy->setAttachmentProxies(attachmentsOf(task));
+    return proxy;
+}
 
 class RepositoryBuilder {
   public:
-    void add(const std::shared_ptr<HGTaskProxy>& task) {
-        const URL& uri = *task->uriRepresentation();
-        tasks_[uri] = task;
-        if (task->categoryName()) addCategory(*task);
-        auto project = task->projectName() ? projectNamed(*task->projectName()) : general_;
-        tasksOfProject_[project].push_back(uri);
-        if (task->categoryName() && project != general_ && !project->categoryName()) {
-            project->setCategoryName(task->categoryName());
-            project->setCategoryColor(task->categoryColor());
-            project->setCategoryIndicator(task->categoryIndicator());
-        }
+    explicit RepositoryBuilder(const BackupDocument& document)
+        : document_(document), index_(document) {
+        for (const backup::Category& category : document.categories)
+            add(category);
+        for (const backup::Portfolio& portfolio : document.portfolios)
+            add(portfolio);
+        const backup::Project* general = generalProject(document);
+        general_ = projectProxyOf(general ? *general : newGeneralProject());
+        general_->setName(HGLocalizable::localizeName(
+            general && general->nameRaw ? *general->nameRaw : std::string(HGProjectNameGeneral)));
+        for (const backup::Project& project : document.projects)
+            if (&project != general) add(project);
     }
 
-    std::shared_ptr<HGSharedRepository> build() {
+    std::shared_ptr<HGSharedRepository> build(const TaskProxies& tasks) {
+        for (std::size_t i = 0; i < tasks.size(); ++i)
+            add(tasks[i], document_.tasks[i]);
         for (auto& [project, uris] : tasksOfProject_)
-            project->setTaskProxyURIs(uris);
+            project->setTaskProxyURIs(std::move(uris));
         for (auto& [portfolio, uris] : projectsOfPortfolio_)
-            portfolio->setProjectProxyURIs(uris);
-        return std::make_shared<HGSharedRepository>(general_, categories_.records, categories_.uris,
-                                                    portfolios_.records, portfolios_.uris,
-                                                    projects_.records, topLevelProjects_, tasks_);
+            portfolio->setProjectProxyURIs(std::move(uris));
+        return std::make_shared<HGSharedRepository>(
+            general_, std::move(categories_), std::move(categoryURIs_), std::move(portfolios_),
+            std::move(portfolioURIs_), std::move(projects_), std::move(topLevelProjects_),
+            std::move(tasks_));
     }
 
   private:
-    static std::shared_ptr<HGProjectProxy> generalProject() {
-        auto project = std::make_shared<HGProjectProxy>(URL("x-corvane-todo://general-project"));
-        project->setName(HGLocalizable::localize(kGeneralProjectNameKey));
-        return project;
+    void add(const backup::Category& category) {
+        auto proxy = std::make_shared<HGCategoryProxy>(category.uri);
+        proxy->setName(category.nameRaw);
+        proxy->setColor(category.colorRaw.value_or(0));
+        proxy->setIndicator(category.indicatorRaw.value_or(0));
+        categories_[category.uri] = std::move(proxy);
+        categoryURIs_.push_back(category.uri);
     }
 
-    void addCategory(const HGTaskProxy& task) {
-        auto [category, isNew] = categories_.at("category", *task.categoryName());
-        if (!isNew) return;
-        category->setColor(task.categoryColor());
-        category->setIndicator(task.categoryIndicator());
+    void add(const backup::Portfolio& portfolio) {
+        auto proxy = std::make_shared<HGPortfolioProxy>(portfolio.uri);
+        proxy->setName(portfolio.nameRaw);
+        portfolios_[portfolio.uri] = std::move(proxy);
+        portfolioURIs_.push_back(portfolio.uri);
     }
 
-    std::shared_ptr<HGProjectProxy> projectNamed(std::string_view name) {
-        auto [project, isNew] = projects_.at("project", name);
-        if (!isNew) return project;
-        auto portfolioName = portfolioNameOf(name);
-        auto& siblings =
-            portfolioName.empty()
-                ? topLevelProjects_
-                : projectsOfPortfolio_[portfolios_.at("portfolio", portfolioName).first];
-        siblings.push_back(*project->uriRepresentation());
-        return project;
+    std::shared_ptr<HGProjectProxy> projectProxyOf(const backup::Project& project) const {
+        auto proxy = std::make_shared<HGProjectProxy>(project.uri);
+        proxy->setName(project.nameRaw);
+        setCategory(*proxy, index_.category(project.contexts));
+        return proxy;
     }
 
-    std::shared_ptr<HGProjectProxy> general_ = generalProject();
-    Ordered<HGCategoryProxy> categories_;
-    Ordered<HGPortfolioProxy> portfolios_;
-    Ordered<HGProjectProxy> projects_;
-    HGSharedRepository::URIs topLevelProjects_;
+    void add(const backup::Project& project) {
+        auto proxy = projectProxyOf(project);
+        auto portfolio = portfolios_.find(project.portfolio);
+        auto& siblings = portfolio == portfolios_.end() ? topLevelProjects_
+                                                        : projectsOfPortfolio_[portfolio->second];
+        siblings.push_back(project.uri);
+        projects_[project.uri] = std::move(proxy);
+    }
+
+    void add(const std::shared_ptr<HGTaskProxy>& proxy, const backup::Task& task) {
+        tasks_[task.uri] = proxy;
+        auto project = projects_.find(task.projectRaw);
+        auto& uris = tasksOfProject_[project == projects_.end() ? general_ : project->second];
+        uris.push_back(task.uri);
+    }
+
+    const BackupDocument& document_;
+    const DocumentIndex index_;
+    std::shared_ptr<HGProjectProxy> general_;
+    HGSharedRepository::ByURI<HGCategoryProxy> categories_;
+    HGSharedRepository::ByURI<HGPortfolioProxy> portfolios_;
+    HGSharedRepository::ByURI<HGProjectProxy> projects_;
     HGSharedRepository::ByURI<HGTaskProxy> tasks_;
-    std::map<std::shared_ptr<HGProjectProxy>, HGSharedRepository::URIs> tasksOfProject_;
-    std::map<std::shared_ptr<HGPortfolioProxy>, HGSharedRepository::URIs> projectsOfPortfolio_;
+    URIs categoryURIs_;
+    URIs portfolioURIs_;
+    URIs topLevelProjects_;
+    std::unordered_map<std::shared_ptr<HGProjectProxy>, URIs> tasksOfProject_;
+    std::unordered_map<std::shared_ptr<HGPortfolioProxy>, URIs> projectsOfPortfolio_;
 };
 
 }  // namespace
 
-TaskProxies taskProxiesOf(const TodoFile& file) {
-    TaskURIs uris;
-    TaskProxies tasks;
-    for (const TodoFile::Task& task : file.tasks())
-        tasks.push_back(taskProxyOf(task.line, uris.uriOf(task.text)));
-    return tasks;
+TaskProxies taskProxiesOf(const BackupDocument& document) {
+    const DocumentIndex index(document);
+    TaskProxies proxies;
+    proxies.reserve(document.tasks.size());
+    for (const backup::Task& task : document.tasks)
+        proxies.push_back(taskProxyOf(task, index));
+    return proxies;
 }
 
-std::shared_ptr<HGSharedRepository> repositoryOf(const TaskProxies& tasks) {
-    RepositoryBuilder builder;
-    for (const auto& task : tasks)
-        builder.add(task);
-    return builder.build();
+std::shared_ptr<HGSharedRepository> repositoryOf(const BackupDocument& document,
+                                                 const TaskProxies& tasks) {
+    return RepositoryBuilder(document).build(tasks);
 }
 
 }  // namespace corvane::cli

@@ -1,11 +1,10 @@
 #include "apps/cli/SharedInfoBuilder.h"
 
-#include "corvane/platform/Clock.h"
+#include "corvane/dates/EXCalendar.h"
 
-#include "apps/cli/TodoLine.h"
+#include "apps/cli/TaskCodes.h"
 
 #include <algorithm>
-#include <chrono>
 #include <set>
 #include <string>
 
@@ -13,15 +12,25 @@ namespace corvane::cli {
 
 namespace {
 
+/// Whether the task may stand in a view: it is neither over nor put off.
 bool isOpen(const HGTaskProxy& task) {
-    return task.status() != kCompletedStatus;
+    switch (task.status()) {
+        case kSomedayStatus:
+        case kScratchpadStatus:
+        case kCompletedStatus:
+        case kCanceledStatus:
+        case kTrashStatus:
+            return false;
+        default:
+            return true;
+    }
 }
 
 bool isDueBy(const HGTaskProxy& task, EXDateOnly day) {
     return task.due() && *task.due() <= day;
 }
 
-/// The open tasks that fulfil the condition, in the order of the file.
+/// The open tasks that fulfil the condition, in their order.
 TaskProxies openTasks(const TaskProxies& tasks, const auto& condition) {
     TaskProxies found;
     for (const auto& task : tasks)
@@ -103,17 +112,11 @@ HGSharedInfo sharedInfoOf(const TaskProxies& tasks, EXDateOnly today) {
 }
 
 EXDateOnly today() {
-    return EXDateOnly(std::optional(platform::currentClock().now()));
+    return EXCalendar::currentCalendar().dateOnlyForToday();
 }
 
 EXDateOnly dayAfter(EXDateOnly day) {
-    std::chrono::year_month_day next{
-        std::chrono::sys_days(std::chrono::year(static_cast<int>(day.year())) /
-                              std::chrono::month(static_cast<unsigned>(day.month())) /
-                              std::chrono::day(static_cast<unsigned>(day.day()))) +
-        std::chrono::days(1)};
-    return {static_cast<int>(next.year()), static_cast<unsigned>(next.month()),
-            static_cast<unsigned>(next.day())};
+    return *EXCalendar::currentCalendar().dateOnlyByAddingDays(1, day);
 }
 
 }  // namespace corvane::cli

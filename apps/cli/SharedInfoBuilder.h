@@ -17,7 +17,8 @@ inline constexpr const char* kDueTomorrowListIdentifier = "next.due-tomorrow";
 inline constexpr const char* kWaitingForListIdentifier = "waiting-for";
 
 /// The four views as they are on the day `today`. Each badge counts the tasks of its view, none of
-/// them twice; completed tasks are in no view.
+/// them twice. Tasks that are completed, cancelled or in the trash are in no view, nor are those
+/// for some day or the scratchpad.
 HGSharedInfo sharedInfoOf(const TaskProxies& tasks, EXDateOnly today);
 
 /// The present day of the current clock in the current time zone.

@@ -3,6 +3,8 @@
 
 #include "corvane/dates/EXDateOnly.h"
 
+#include "apps/cli/TaskCodes.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -10,14 +12,6 @@
 #include <variant>
 
 namespace corvane::cli {
-
-// Codes of the task status list that a line can express, and of the priority list.
-inline constexpr std::int16_t kInboxStatus = 0;
-inline constexpr std::int16_t kActionableStatus = 3;
-inline constexpr std::int16_t kOnHoldStatus = 5;
-inline constexpr std::int16_t kCompletedStatus = 6;
-inline constexpr std::int16_t kMediumPriority = 2;
-inline constexpr std::int16_t kHighestPriority = 4;
 
 /// A regular value.
 ///

@@ -1,12 +1,18 @@
 // corvane: plays the main application and its companions from the command line.
 
 #include "corvane/platform/GroupContainer.h"
+#include "corvane/platform/KnownLocales.h"
 #include "corvane/platform/TextEncoding.h"
+#include "corvane/platform/UserDefaultsLocation.h"
 
 #include "apps/cli/Commands.h"
+#include "apps/cli/DocumentArguments.h"
 #include "apps/cli/Failure.h"
+#include "apps/cli/PriorityNames.h"
+#include "apps/cli/ProgramLog.h"
 #include "apps/cli/TextOutput.h"
 #include "apps/cli/TodoLine.h"
+#include "apps/cli/TypedDay.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -38,8 +44,16 @@ struct Arguments {
     std::string notes;
     std::string due;
     std::string priority;
+    std::string text;
+    std::string locale;
+    std::string today;
     bool json = false;
+    ProgramLog::Options log;
     NewTask newTask;
+    std::string settings;
+    PrefsQuestion prefs;
+    DocumentArguments document;
+    std::string commandName;
     std::function<void()> command;
 
     Format format() const { return json ? Format::JSON : Format::Text; }
@@ -49,10 +63,6 @@ const std::map<std::string, View> kViews{{"inbox", View::Inbox},
                                          {"today", View::Today},
                                          {"next", View::Next},
                                          {"waiting-for", View::WaitingFor}};
-
-const std::map<std::string, std::int16_t> kPriorities{
-    {"critical", 4}, {"high", 3}, {"medium", 2}, {"low", 1}, {"trivial", 0},
-    {"a", 4},        {"b", 3},    {"c", 2},      {"d", 1},   {"e", 0}};
 
 std::string checkUTF8(const std::string& text) {
     return platform::isUTF8(text) ? "" : "the text is not UTF-8";
@@ -70,13 +80,20 @@ std::string checkDay(const std::string& text) {
     return existingDay(text) ? "" : "'" + text + "' is not a day such as 2024-03-05";
 }
 
+std::string checkTypedDay(const std::string& text) {
+    return typedDay(text) ? "" : "'" + text + "' is not a day such as 2024-03-05 or a weekday";
+}
+
+std::string checkLocale(const std::string& text) {
+    return platform::knownLocale(text) ? "" : "there is no locale '" + text + "'";
+}
+
 std::string checkView(const std::string& text) {
     return kViews.contains(text) ? "" : "there is no view '" + text + "'";
 }
 
 std::string checkPriority(const std::string& text) {
-    bool known = kPriorities.contains(CLI::ignore_case(text));
-    return known ? "" : "there is no priority '" + text + "'";
+    return priorityNamed(text) ? "" : "there is no priority '" + text + "'";
 }
 
 std::optional<std::string> given(const std::string& text) {
@@ -86,7 +103,10 @@ std::optional<std::string> given(const std::string& text) {
 CLI::App* addCommand(CLI::App& app, Arguments& arguments, const char* role, const char* name,
                      const char* description, std::function<void()> command) {
     CLI::App* added = app.add_subcommand(name, description)->group(role);
-    added->callback([&arguments, command = std::move(command)] { arguments.command = command; });
+    added->callback([&arguments, name, command = std::move(command)] {
+        arguments.commandName = name;
+        arguments.command = command;
+    });
     return added;
 }
 
@@ -137,11 +157,11 @@ void addViewCommands(CLI::App& app, Arguments& arguments) {
 void queueNewTask(Arguments& arguments) {
     NewTask& newTask = arguments.newTask;
     newTask.notes = given(arguments.notes);
-    newTask.due = existingDay(arguments.due);
+    newTask.due = typedDay(arguments.due);
     newTask.project = given(arguments.project);
     newTask.category = given(arguments.category);
     if (auto priority = given(arguments.priority)) {
-        newTask.priority = kPriorities.at(CLI::ignore_case(*priority));
+        newTask.priority = priorityNamed(*priority);
     }
     runAdd(newTask);
 }
@@ -158,8 +178,8 @@ void addAddCommand(CLI::App& app, Arguments& arguments) {
         ->check(checkTitle)
         ->type_name("");
     option("--notes", arguments.notes, "More about it; may have several lines", "TEXT");
-    option("--due", arguments.due, "The day by which it is to be done", "YYYY-MM-DD")
-        ->check(checkDay);
+    option("--due", arguments.due, "The day by which it is to be done; see 'when'", "DAY")
+        ->check(checkTypedDay);
     option("--project", arguments.project, "Its project, known or new", "NAME");
     option("--category", arguments.category, "Its category, known or new", "NAME");
     option("--priority", arguments.priority,
@@ -168,7 +188,41 @@ void addAddCommand(CLI::App& app, Arguments& arguments) {
     add->add_flag("--star", arguments.newTask.starred, "Star it");
 }
 
+void addWhenCommand(CLI::App& app, Arguments& arguments) {
+    auto* when =
+        addCommand(app, arguments, kAnyone, "when", "Show which day or time a text means", [&] {
+            runWhen({arguments.text, platform::knownLocale(arguments.locale),
+                     existingDay(arguments.today)},
+                    arguments.format());
+        });
+    when->add_option("TEXT", arguments.text, "A word, a date or a time")
+        ->required()
+        ->check(checkNotEmpty)
+        ->type_name("");
+    when->add_option("--locale", arguments.locale, "Instead of the user's, such as de_DE")
+        ->check(checkLocale)
+        ->type_name("LOCALE");
+    when->add_option("--today", arguments.today, "As if it were this day")
+        ->check(checkDay)
+        ->type_name("YYYY-MM-DD");
+    addJsonFlag(when, arguments);
+}
+
+void addPrefsCommand(CLI::App& app, Arguments& arguments) {
+    auto* prefs = addCommand(app, arguments, kAnyone, "prefs", "Show the settings, or change one",
+                             [&] { runPrefs(arguments.prefs, arguments.format()); });
+    prefs->add_option("KEY", arguments.prefs.key, "Only this one")->type_name("");
+    auto* value = prefs->add_option("VALUE", arguments.prefs.value, "What it becomes");
+    value->type_name("");
+    prefs->add_flag("--reset", arguments.prefs.reset, "Set KEY to its default")
+        ->needs("KEY")
+        ->excludes(value);
+    addJsonFlag(prefs, arguments);
+}
+
 void addOtherCommands(CLI::App& app, Arguments& arguments) {
+    addWhenCommand(app, arguments);
+    addPrefsCommand(app, arguments);
     addJsonFlag(
         addCommand(app, arguments, kAnyone, "status", "Show the container's state and the badges",
                    [&] { runStatus(arguments.format()); }),
@@ -195,9 +249,18 @@ void describe(CLI::App& app, Arguments& arguments) {
     app.add_option("--container", arguments.container, "The directory of the container")
         ->check(checkNotEmpty)
         ->type_name("DIR");
+    app.add_option("--settings", arguments.settings, "The directory of the settings")
+        ->check(checkNotEmpty)
+        ->type_name("DIR");
+    app.add_flag("--log", arguments.log.file, "Tell what was done in the user's log files");
+    app.add_flag("--verbose", arguments.log.verbose, "Tell more, on standard error");
     addMainApplicationCommands(app, arguments);
     addViewCommands(app, arguments);
     addAddCommand(app, arguments);
+    addDocumentCommands(app, arguments.document,
+                        [&arguments](CLI::App& parent, auto... rest) {
+                            return addCommand(parent, arguments, rest...);
+                        });
     addOtherCommands(app, arguments);
 }
 
@@ -209,27 +272,37 @@ std::string complaint(const CLI::App& app, const CLI::ParseError& error) {
     return unknown.empty() ? "a command is needed" : "there is no command '" + unknown[0] + "'";
 }
 
-int fail(const std::string& message) {
+int fail(const ProgramLog& log, const std::string& message) {
     // What was printed before it belongs before it.
     flushOutput();
-    fmt::print(stderr, "corvane: {}\n", onOneLine(message));
+    log.failed(message);
     return kFailed;
 }
 
 int run(const Arguments& arguments) {
     if (auto container = given(arguments.container)) platform::setGroupContainerOverride(container);
+    if (auto directory = given(arguments.settings))
+        platform::setUserDefaultsDirectoryOverride(directory);
+    platform::setApplicationIdentifier("corvane");
+    const ProgramLog log(arguments.log, arguments.commandName);
     try {
         arguments.command();
+    } catch (const WrongUsage& error) {
+        fail(log, error.what());
+        return kWrongUsage;
     } catch (const std::exception& error) {
-        return fail(error.what());
+        return fail(log, error.what());
     }
-    return flushOutput() ? kDone : fail("cannot write the output");
+    if (!flushOutput()) return fail(log, "cannot write the output");
+    log.succeeded();
+    return kDone;
 }
 
 int main(int argc, char** argv) {
     CLI::App app("", "corvane");
     Arguments arguments;
     describe(app, arguments);
+    nameDays();
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -10,6 +10,7 @@
 #include <fcntl.h>
 
 #include <functional>
+#include <pty.h>
 #include <stdlib.h>
 #include <string>
 #include <vector>
@@ -136,6 +137,8 @@ TEST_F(Program, ExitsWithTwoForWrongUsageAndOneForFailure) {
         {{"add", "a\xFF"}, 2, "not UTF-8", container()},
         {{"add", "a", "--due", "2023-02-29"}, 2, "is not a day", container()},
         {{"add", "a", "--priority", "urgent"}, 2, "no priority 'urgent'", container()},
+        {{"when", "x", "--locale", "xx"}, 2, "no locale 'xx'", container()},
+        {{"when", "31 feb"}, 1, "'31 feb' is neither a day nor a time", container()},
         {{"status"}, 2, "--container", ""},
         {{"tasks", "--project", "p"}, 1, "there is no project 'p'", container()},
         {{"publish", list()}, 1, "No such file", home_ / "missing/inner"},
@@ -159,6 +162,23 @@ TEST_F(Program, ExitsWithTwoForWrongUsageAndOneForFailure) {
     EXPECT_EQ(lost.errors, "corvane: cannot write the output\n");
 }
 
+TEST_F(Program, ShowsItsLogInColorsOnlyWhereTheyAreWanted) {
+    for (const std::string wish : {"colors", "no colors", "no terminal"}) {
+        int ends[2];
+        ASSERT_EQ(::openpty(&ends[0], &ends[1], nullptr, nullptr, nullptr), 0);
+        Result shown = run({"when", "today", "--log", "--verbose"}, [&] {
+            ::setenv("TERM", "xterm", 1);
+            ::setenv("NO_COLOR", wish == "no colors" ? "1" : "", 1);
+            ::setenv("CORVANE_LOG_DIRECTORY", "/dev/null", 1);  // none, as one line tells
+            if (wish != "no terminal") ::dup2(ends[1], STDERR_FILENO);
+        });
+        char text[999];
+        if (shown.errors.empty()) shown.errors.assign(text, ::read(ends[0], text, sizeof text));
+        EXPECT_EQ(shown.errors.find(" \x1b[32mINFO   \x1b[0m when: done") < 999, wish == "colors");
+        EXPECT_EQ(std::count(shown.errors.begin(), shown.errors.end(), '\n'), shown.status + 2);
+    }
+}
+
 TEST_F(Program, FindsTheContainerThatItIsToldOf) {
     publish("a\n");
     const std::string path = container();
@@ -176,6 +196,13 @@ TEST_F(Program, FindsTheContainerThatItIsToldOf) {
     }
 }
 
+TEST_F(Program, TellsWhatATextMeans) {
+    auto when = [&](auto... more) { return json({"when", "--today", "2024-06-15", more...}); };
+    EXPECT_EQ(when("MOR", "--locale", "de").dump(),
+              R"({"day":"2024-06-16","time":null,"word":"Morgen"})");
+    EXPECT_EQ(when("7 pm").dump(), R"({"day":null,"time":"19:00:00","word":null})");
+}
+
 TEST_F(Program, SpeaksOfLinesThatAreNoTasksAndKeepsThem) {
     const char* content = "\xEF\xBB\xBFx (A) a\n\n+p\nb\n\xFF";
     home_.write("list.txt", content);
@@ -191,12 +218,12 @@ TEST_F(Program, SpeaksOfLinesThatAreNoTasksAndKeepsThem) {
 
 TEST_F(Program, MakesAListAndFollowsALinkToOne) {
     publish("a\n");
-    done({"add", "b"});
+    done({"add", "b", "--due", "feb 29, 2020"});
     EXPECT_THAT(done({"drain", home_ / "new.txt"}), HasSubstr("Made the list"));
     std::filesystem::create_symlink("new.txt", home_ / "link.txt");
     done({"add", "c"});
     done({"drain", home_ / "link.txt"});
-    EXPECT_EQ(home_.content()["new.txt"], "b\nc\n");
+    EXPECT_EQ(home_.content()["new.txt"], "b due:2020-02-29\nc\n");
     EXPECT_EQ(home_.content()["link.txt"], "@");
     done({"add", "d"});
     done({"drain", container() + "/list.txt"});  // in the one directory that is held anyway

@@ -7,6 +7,7 @@
 
 #include "apps/cli/RepositoryBuilder.h"
 #include "apps/cli/SharedInfoBuilder.h"
+#include "apps/cli/TodoDocument.h"
 
 #include "tests/support/TemporaryDirectory.h"
 
@@ -29,6 +30,11 @@ constexpr const char* kList =
     "Note\n"
     "Tomorrow's star star:1 due:2024-03-06\n"
     "Second +bills\n";
+
+std::shared_ptr<HGSharedRepository> repositoryOfList(const char* list) {
+    const auto document = documentOf(TodoFile(list));
+    return repositoryOf(document, taskProxiesOf(document));
+}
 
 /// "Pay,Star": the titles, of which the first word is enough.
 std::string titles(const TaskProxies& tasks) {
@@ -56,7 +62,7 @@ std::string sections(const HGTaskProxyModel& model) {
 TEST(Publisher, PutsOpenTasksIntoTheirViews) {
     HGTaskProxyManager manager;
     manager.reloadDataFromSharedInfo(
-        sharedInfoOf(taskProxiesOf(TodoFile(kList)), EXDateOnly(2024, 3, 5)));
+        sharedInfoOf(taskProxiesOf(documentOf(TodoFile(kList))), EXDateOnly(2024, 3, 5)));
     EXPECT_EQ(sections(*manager.inboxModel()), "inbox: Note; ");
     EXPECT_EQ(sections(*manager.todayModel()),
               "today.starred: Star,Tomorrow's; today.due: Pay,Late; ");
@@ -72,7 +78,7 @@ TEST(Publisher, PutsOpenTasksIntoTheirViews) {
 }
 
 TEST(Publisher, BuildsProjectsPortfoliosAndCategoriesInTheOrderOfTheList) {
-    const auto repository = repositoryOf(taskProxiesOf(TodoFile(kList)));
+    const auto repository = repositoryOfList(kList);
     const auto& projects = *repository->projectProxies();
     EXPECT_EQ(names(projects, *repository->topLevelProjectProxyURIs()), "bills,garden");
     EXPECT_EQ(names(*repository->portfolioProxies(), *repository->portfolioProxyURIs()), "house");
@@ -97,8 +103,7 @@ TEST(Publisher, BuildsProjectsPortfoliosAndCategoriesInTheOrderOfTheList) {
 }
 
 TEST(Publisher, MakesPortfoliosOnlyOfNamesWithTwoParts) {
-    const auto repository =
-        repositoryOf(taskProxiesOf(TodoFile("a +p/\nb +/p\nc +p\nd +p/q/r\ne +P\n")));
+    const auto repository = repositoryOfList("a +p/\nb +/p\nc +p\nd +p/q/r\ne +P\n");
     EXPECT_EQ(names(*repository->projectProxies(), *repository->topLevelProjectProxyURIs()),
               "p/,/p,p,P");
     EXPECT_EQ(names(*repository->portfolioProxies(), *repository->portfolioProxyURIs()), "p");
@@ -107,8 +112,8 @@ TEST(Publisher, MakesPortfoliosOnlyOfNamesWithTwoParts) {
 TEST(Publisher, KeepsTheURIsOfLinesThatStay) {
     auto urisOf = [](const char* content) {
         std::vector<std::string> uris;
-        for (const auto& task : taskProxiesOf(TodoFile(content)))
-            uris.emplace_back(task->uriRepresentation()->absoluteString());
+        for (const auto& task : documentOf(TodoFile(content)).tasks)
+            uris.emplace_back(task.uri.absoluteString());
         return uris;
     };
     const auto before = urisOf("a\nb\na\nb +p\n");
@@ -125,7 +130,7 @@ TEST(Publisher, PublishesForTheDayOfTheTimeZone) {
         std::chrono::sys_days(std::chrono::year(2024) / 3 / 6) + std::chrono::hours(3))};
     platform::ScopedClock scopedClock(clock);
     platform::ScopedTimeZone zone("America/New_York");
-    const Publication publication = publish(TodoFile(kList), "my list");
+    const Publication publication = publish(documentOf(TodoFile(kList)));
     EXPECT_EQ(publication.badges.at(std::string(HGSharedInfoBadgeValueTodayKey)), 4);
 }
 

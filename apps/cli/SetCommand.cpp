@@ -1,0 +1,20 @@
+#include "apps/cli/DocumentChange.h"
+#include "apps/cli/DocumentCommands.h"
+#include "apps/cli/FieldChange.h"
+#include "apps/cli/TextOutput.h"
+
+#include <fmt/format.h>
+
+namespace corvane::cli {
+
+void runSet(const std::string& file, const std::string& uri, const std::string& field,
+            const std::string& value) {
+    changeDocument(file, [&](backup::BackupDocument& document) {
+        setField(document, backup::URL(uri), field, value);
+        print(value.empty() ? fmt::format("Cleared {}\n", field)
+                            : fmt::format("Set {} to '{}'\n", field, onOneLine(value)));
+        return true;
+    });
+}
+
+}  // namespace corvane::cli
