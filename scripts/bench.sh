@@ -4,13 +4,17 @@
 set -euo pipefail
 build=$1 filter=${2:-.}
 here=$(dirname "$0")
-results=$(mktemp)
-trap 'rm -f "$results"' EXIT
+results=$(mktemp -d)
+trap 'rm -rf "$results"' EXIT
 
-"$build/bench/archive_bench" --benchmark_filter="$filter" --benchmark_repetitions=3 \
-    --benchmark_out="$results" --benchmark_out_format=json --benchmark_display_aggregates_only=true
-echo
-python3 "$here/bench_ratios.py" "$results"
+for name in archive url date log xml; do
+    "$build/bench/${name}_bench" --benchmark_filter="$filter" --benchmark_repetitions=3 \
+        --benchmark_out="$results/$name.json" --benchmark_out_format=json \
+        --benchmark_display_aggregates_only=true
+    echo
+done
+"$build/bench/url_bench" --inputs | python3 "$here/../bench/url_urllib.py" >"$results/urllib.json"
+python3 "$here/bench_ratios.py" "$results"/*.json
 echo
 "$build/bench/archive_memory"
 echo

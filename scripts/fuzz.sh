@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs every fuzz target for a while, starting from the golden files of the tests.
+# Runs every fuzz target for a while, starting from the golden files of the tests or from seeds.
 # usage: fuzz.sh FOLDER_OF_TARGETS SECONDS
 set -euo pipefail
 targets=$1 seconds=$2
@@ -14,4 +14,9 @@ run() {
         -malloc_limit_mb=256 -print_final_stats=1 -artifact_prefix="$corpus/" "$corpus"
 }
 
+run date_command_fuzz "$root/fuzz/seeds/date_command_fuzz"
+run defaults_file_fuzz "$root/fuzz/seeds/defaults_file_fuzz"
 run keyed_unarchiver_fuzz "$root/tests/bridge/golden"
+run time_command_fuzz "$root/fuzz/seeds/time_command_fuzz"
+run url_query_fuzz "$root/fuzz/seeds/url_query_fuzz"
+run xml_scanner_fuzz "$root/fuzz/seeds/xml_scanner_fuzz"

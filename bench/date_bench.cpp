@@ -1,0 +1,149 @@
+// Reading typed days, against ICU's own strict formatters behind the same words, tried in the same
+// order.
+#include "corvane/dates/DateCommandGrammar.h"
+#include "corvane/dates/EXDateOnlyCommandParser.h"
+#include "corvane/platform/LocaleData.h"
+
+#include <benchmark/benchmark.h>
+#include <unicode/calendar.h>
+#include <unicode/dtfmtsym.h>
+#include <unicode/dtptngen.h>
+#include <unicode/smpdtfmt.h>
+
+#include <map>
+#include <memory>
+
+namespace corvane::bench {
+namespace {
+
+constexpr const char* kLocale = "en_US";
+
+class ICUParser {
+  public:
+    ICUParser() {
+        UErrorCode status = U_ZERO_ERROR;
+        std::unique_ptr<icu::DateTimePatternGenerator> generator(
+            icu::DateTimePatternGenerator::createInstance(locale_, status));
+        for (const char* skeleton : {"dMyy", "dMMMyy", "dM", "dMMM", "EdMMM"}) {
+            const auto pattern = generator->getBestPattern(icu::UnicodeString(skeleton), status);
+            formats_.push_back(std::make_unique<icu::SimpleDateFormat>(pattern, locale_, status));
+            formats_.back()->setLenient(false);
+        }
+        const icu::DateFormatSymbols symbols(locale_, status);
+        int32_t count = 0;
+        for (auto width : {icu::DateFormatSymbols::WIDE, icu::DateFormatSymbols::ABBREVIATED}) {
+            const auto* names = symbols.getWeekdays(count, icu::DateFormatSymbols::FORMAT, width);
+            for (int32_t i = 1; i < count; ++i)
+                weekdays_[icu::UnicodeString(names[i]).toLower(locale_)] = i;
+        }
+        calendar_.reset(icu::Calendar::createInstance(locale_, status));
+        calendar_->setLenient(false);
+    }
+
+    std::optional<EXDateOnly> parse(std::string_view utf8) {
+        auto text = icu::UnicodeString::fromUTF8({utf8.data(), static_cast<int32_t>(utf8.size())});
+        text.trim();
+        const auto word = weekdays_.find(icu::UnicodeString(text).toLower(locale_));
+        if (word != weekdays_.end()) return next(word->second);
+        for (std::size_t i = 0; i < formats_.size(); ++i)
+            if (auto day = parse(text, *formats_[i], i >= 2)) return day;
+        return std::nullopt;
+    }
+
+  private:
+    EXDateOnly day() {
+        UErrorCode status = U_ZERO_ERROR;
+        return {calendar_->get(UCAL_YEAR, status), calendar_->get(UCAL_MONTH, status) + 1,
+                calendar_->get(UCAL_DATE, status)};
+    }
+
+    EXDateOnly next(int weekday) {
+        UErrorCode status = U_ZERO_ERROR;
+        calendar_->setTime(icu::Calendar::getNow(), status);
+        const int today = calendar_->get(UCAL_DAY_OF_WEEK, status);
+        calendar_->add(UCAL_DATE, (weekday - today + 7) % 7, status);
+        return day();
+    }
+
+    std::optional<EXDateOnly> parse(const icu::UnicodeString& text,
+                                    const icu::SimpleDateFormat& format, bool yearless) {
+        UErrorCode status = U_ZERO_ERROR;
+        calendar_->setTime(icu::Calendar::getNow(), status);
+        const auto today = yearless ? day() : EXDateOnly();
+        icu::ParsePosition position(0);
+        format.parse(text, *calendar_, position);
+        if (position.getErrorIndex() >= 0 || position.getIndex() != text.length()) return {};
+        calendar_->getTime(status);
+        if (U_FAILURE(status)) return std::nullopt;
+        if (day() < today) calendar_->add(UCAL_YEAR, 1, status);
+        return day();
+    }
+
+    icu::Locale locale_{kLocale};
+    std::vector<std::unique_ptr<icu::SimpleDateFormat>> formats_;
+    std::map<icu::UnicodeString, int> weekdays_;
+    std::unique_ptr<icu::Calendar> calendar_;
+};
+
+void check(benchmark::State& state, const std::optional<EXDateOnly>& day, bool isDay) {
+    if (day.has_value() != isDay) state.SkipWithError("a wrong answer");
+}
+
+void dayOfText(benchmark::State& state, std::string_view text, bool isDay) {
+    const platform::ScopedLocale locale{platform::Locale(kLocale)};
+    check(state, EXDateOnlyCommandParser::dateOnlyFromString(text), isDay);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(EXDateOnlyCommandParser::dateOnlyFromString(text));
+}
+
+void dayOfTextByICU(benchmark::State& state, std::string_view text, bool isDay) {
+    static ICUParser parser;
+    check(state, parser.parse(text), isDay);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(parser.parse(text));
+}
+
+/// Through the grammar, because the parser keeps its first locale.
+void dayOfForeignText(benchmark::State& state, const char* locale, std::string_view text) {
+    const DateCommandGrammar grammar(
+        EXCalendar(platform::Calendar(platform::TimeZone::current(), platform::Locale(locale))));
+    const auto today = grammar.calendar().dateOnlyForToday();
+    check(state, grammar.parse(text, today), true);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(grammar.parse(text, today));
+}
+
+void building(benchmark::State& state) {
+    const EXCalendar calendar(
+        platform::Calendar(platform::TimeZone::current(), platform::Locale(kLocale)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(DateCommandGrammar(calendar));
+}
+
+void buildingByICU(benchmark::State& state) {
+    for (auto _ : state)
+        benchmark::DoNotOptimize(ICUParser());
+}
+
+#define DAY_OF_TEXT(name, text, isDay)               \
+    BENCHMARK_CAPTURE(dayOfText, name, text, isDay); \
+    BENCHMARK_CAPTURE(dayOfTextByICU, name, text, isDay)
+
+DAY_OF_TEXT(word, "thursday", true);
+DAY_OF_TEXT(numeric, "03/10/24", true);
+DAY_OF_TEXT(numericWithoutYear, "3/10", true);
+DAY_OF_TEXT(monthName, "Mar 10", true);
+DAY_OF_TEXT(weekdayAndMonthName, "Sun, Mar 10", true);
+DAY_OF_TEXT(noDate, "buy milk", false);
+DAY_OF_TEXT(almostADate, "Sun, Mar 10 or so", false);
+BENCHMARK_CAPTURE(dayOfForeignText, arabicNumeric, "ar_EG", "١٠/٣/٢٤");
+BENCHMARK_CAPTURE(dayOfForeignText, arabicWord, "ar_EG", "الخميس");
+BENCHMARK_CAPTURE(dayOfForeignText, russianMonthName, "ru_RU", "вт, 10 сентября");
+BENCHMARK_CAPTURE(dayOfForeignText, japaneseMonth, "ja_JP", "9月10日(火)");
+BENCHMARK(building)->Name("building/parser");
+BENCHMARK(buildingByICU)->Name("buildingByICU/parser");
+
+}  // namespace
+}  // namespace corvane::bench
+
+BENCHMARK_MAIN();
