@@ -1,17 +1,16 @@
-// Reading typed days, against ICU's own strict formatters behind the same words, tried in the same
-// order.
+// Reading typed days, against ICU's own strict formatters, tried in the same order: those of the
+// weekdays' names first, then those of the dates.
 #include "corvane/dates/DateCommandGrammar.h"
 #include "corvane/dates/EXDateOnlyCommandParser.h"
 #include "corvane/platform/LocaleData.h"
 
 #include <benchmark/benchmark.h>
 #include <unicode/calendar.h>
-#include <unicode/dtfmtsym.h>
 #include <unicode/dtptngen.h>
 #include <unicode/smpdtfmt.h>
 
-#include <map>
 #include <memory>
+#include <vector>
 
 namespace corvane::bench {
 namespace {
@@ -24,17 +23,15 @@ class ICUParser {
         UErrorCode status = U_ZERO_ERROR;
         std::unique_ptr<icu::DateTimePatternGenerator> generator(
             icu::DateTimePatternGenerator::createInstance(locale_, status));
+        for (const char* pattern : {"EEE", "EEEE"}) {
+            weekdayFormats_.push_back(
+                std::make_unique<icu::SimpleDateFormat>(pattern, locale_, status));
+            weekdayFormats_.back()->setLenient(false);
+        }
         for (const char* skeleton : {"dMyy", "dMMMyy", "dM", "dMMM", "EdMMM"}) {
             const auto pattern = generator->getBestPattern(icu::UnicodeString(skeleton), status);
             formats_.push_back(std::make_unique<icu::SimpleDateFormat>(pattern, locale_, status));
             formats_.back()->setLenient(false);
-        }
-        const icu::DateFormatSymbols symbols(locale_, status);
-        int32_t count = 0;
-        for (auto width : {icu::DateFormatSymbols::WIDE, icu::DateFormatSymbols::ABBREVIATED}) {
-            const auto* names = symbols.getWeekdays(count, icu::DateFormatSymbols::FORMAT, width);
-            for (int32_t i = 1; i < count; ++i)
-                weekdays_[icu::UnicodeString(names[i]).toLower(locale_)] = i;
         }
         calendar_.reset(icu::Calendar::createInstance(locale_, status));
         calendar_->setLenient(false);
@@ -43,8 +40,8 @@ class ICUParser {
     std::optional<EXDateOnly> parse(std::string_view utf8) {
         auto text = icu::UnicodeString::fromUTF8({utf8.data(), static_cast<int32_t>(utf8.size())});
         text.trim();
-        const auto word = weekdays_.find(icu::UnicodeString(text).toLower(locale_));
-        if (word != weekdays_.end()) return next(word->second);
+        for (const auto& format : weekdayFormats_)
+            if (const int weekday = parseWeekday(text, *format)) return next(weekday);
         for (std::size_t i = 0; i < formats_.size(); ++i)
             if (auto day = parse(text, *formats_[i], i >= 2)) return day;
         return std::nullopt;
@@ -65,6 +62,16 @@ class ICUParser {
         return day();
     }
 
+    /// 0 where the text is no such name.
+    int parseWeekday(const icu::UnicodeString& text, const icu::SimpleDateFormat& format) {
+        UErrorCode status = U_ZERO_ERROR;
+        calendar_->clear();
+        icu::ParsePosition position(0);
+        format.parse(text, *calendar_, position);
+        if (position.getErrorIndex() >= 0 || position.getIndex() != text.length()) return 0;
+        return calendar_->get(UCAL_DAY_OF_WEEK, status);
+    }
+
     std::optional<EXDateOnly> parse(const icu::UnicodeString& text,
                                     const icu::SimpleDateFormat& format, bool yearless) {
         UErrorCode status = U_ZERO_ERROR;
@@ -80,8 +87,7 @@ class ICUParser {
     }
 
     icu::Locale locale_{kLocale};
-    std::vector<std::unique_ptr<icu::SimpleDateFormat>> formats_;
-    std::map<icu::UnicodeString, int> weekdays_;
+    std::vector<std::unique_ptr<icu::SimpleDateFormat>> weekdayFormats_, formats_;
     std::unique_ptr<icu::Calendar> calendar_;
 };
 
