@@ -38,10 +38,13 @@ std::string written(const EXValue& value, EXXMLType type) {
     return isSection ? text.substr(9, text.size() - 12) : text;
 }
 
-/// Years before 0 have no text of a day, nor have the decimals beyond the sixth one of a number.
+/// Years before 0, and those beyond the packed number, leave no day to write; nor have numbers
+/// their decimals after the sixth.
 bool hasExactText(const EXValue& value, EXXMLType type) {
     if (type == EXXMLTypeDouble) return false;
-    return !value.day() || value.day()->integerValue() >= 0;
+    const auto* day = value.day();
+    return !day || (day->year() >= 0 && day->month() >= 1 && day->month() <= 12 &&
+                    day->day() >= 1 && day->day() <= 31);
 }
 
 }  // namespace

@@ -14,6 +14,7 @@ run() {
         -malloc_limit_mb=256 -print_final_stats=1 -artifact_prefix="$corpus/" "$corpus"
 }
 
+run backup_document_fuzz "$root/fuzz/seeds/backup_document_fuzz"
 run date_command_fuzz "$root/fuzz/seeds/date_command_fuzz"
 run defaults_file_fuzz "$root/fuzz/seeds/defaults_file_fuzz"
 run keyed_unarchiver_fuzz "$root/tests/bridge/golden"
