@@ -19,7 +19,7 @@ using logging::Level;
 ProgramLog::ProgramLog(const Options& options, std::string command)
     : command_(std::move(command)),
       start_(platform::currentClock().now()),
-      showsPlainLines_(!options.verbose),
+      options_(options),
       // The program's own lines begin with its name, and all of them warn.
       console_(platform::currentConsole(),
                options.verbose ? logging::kNoLevel : logging::kUpToWarning, Level::Warning) {
@@ -32,7 +32,7 @@ ProgramLog::ProgramLog(const Options& options, std::string command)
 }
 
 ProgramLog::~ProgramLog() {
-    if (logging::isLogged(Level::Error)) EXLog::sharedLog().removeAllLoggers();
+    if (options_.file || options_.verbose) EXLog::sharedLog().removeAllLoggers();
 }
 
 void ProgramLog::succeeded() const {
@@ -44,7 +44,8 @@ void ProgramLog::succeeded() const {
 
 void ProgramLog::failed(const std::string& reason) const {
     logging::log(Level::Error, "{}: {}", command_, reason);
-    if (showsPlainLines_) fmt::print(stderr, "corvane: {}\n", onOneLine(reason));
+    const bool isShown = options_.verbose && logging::isLogged(Level::Error);
+    if (!isShown) fmt::print(stderr, "corvane: {}\n", onOneLine(reason));
 }
 
 }  // namespace corvane::cli

@@ -33,7 +33,7 @@ class ProgramLog {
   private:
     std::string command_;
     platform::Instant start_;
-    bool showsPlainLines_;
+    Options options_;
     logging::ForwardingConsole console_;
     platform::ScopedConsole inForce_{console_};
 };

@@ -257,10 +257,9 @@ void describe(CLI::App& app, Arguments& arguments) {
     addMainApplicationCommands(app, arguments);
     addViewCommands(app, arguments);
     addAddCommand(app, arguments);
-    addDocumentCommands(app, arguments.document,
-                        [&arguments](CLI::App& parent, auto... rest) {
-                            return addCommand(parent, arguments, rest...);
-                        });
+    addDocumentCommands(app, arguments.document, [&arguments](CLI::App& parent, auto... rest) {
+        return addCommand(parent, arguments, rest...);
+    });
     addOtherCommands(app, arguments);
 }
 

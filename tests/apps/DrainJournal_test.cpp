@@ -5,6 +5,7 @@
 #include "corvane/platform/GroupContainer.h"
 
 #include "apps/cli/Drain.h"
+#include "apps/document/BackupFile.h"
 
 #include "tests/support/ChildProcess.h"
 #include "tests/support/TemporaryDirectory.h"
@@ -47,7 +48,7 @@ class DrainedList : public testing::Test {
         enqueue({"three"});
     }
 
-    std::string list() const { return directory_ / "list"; }
+    std::string list() const { return directory_ / name_; }
     std::string container() const { return directory_ / "container"; }
     std::string queue() const { return directory_ / "container/insert-queue"; }
 
@@ -84,6 +85,7 @@ class DrainedList : public testing::Test {
     static constexpr platform::Instant kStart =
         std::chrono::sys_days(std::chrono::year(2024) / 3 / 5) +
         std::chrono::seconds(14 * 3600 + 7 * 60 + 9);
+    const char* name_ = "list";
     tests::TemporaryDirectory directory_;
     platform::FixedClock clock_{kStart};
     platform::ScopedClock scopedClock_{clock_};
@@ -99,6 +101,21 @@ TEST_F(DrainedList, GetsEveryTaskOnceThoughDrainsAreKilledAtAnyStep) {
             killDrainAfter(again);
         drainQueue(list());
         expectNothingLeftBeside(kDrained);
+    }
+}
+
+TEST_F(DrainedList, GetsEveryTaskOnceThoughItIsADocument) {
+    name_ = "list.cvbx";
+    for (Step step : kSteps) {
+        reset();
+        fs::remove(list());
+        ASSERT_EQ(killDrainAfter(step), -SIGKILL);
+        drainQueue(list());
+        const auto document = backup::loadBackupDocument(list(), nullptr);
+        std::string titles;
+        for (const auto& task : document.value().tasks)
+            titles += *task.titleRaw + ",";
+        EXPECT_EQ(titles, "one,two,three,");
     }
 }
 

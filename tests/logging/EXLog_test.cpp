@@ -99,13 +99,13 @@ TEST_F(Log, OutlivesAFullDisk) {
     ::setrlimit(RLIMIT_FSIZE, &full);
     theLog.addFileLogger();
     for (int i = 0; i < 530; ++i)
-        logging::logText(Level::Information, string(i < 500 ? 1 : 50000, 'x'));
+        logging::logText(Level::Information, string(i < 500 ? 1000 : 50000, 'x'));
     theLog.flush();
     ::setrlimit(RLIMIT_FSIZE, &empty);
     const string text = logged();
-    const auto lost = 30 - std::count(text.begin(), text.end(), 'x') / 50000;
-    EXPECT_EQ(text.find("\nW" + std::to_string(lost) + " messages"), text.rfind("\nW"));
-    EXPECT_EQ(console.lines().size(), 1u);
+    const auto count = std::count(text.begin(), text.end(), 'x');
+    EXPECT_EQ(std::pair(count % 50000, console.lines().size()), std::pair(0L, 1UL));
+    EXPECT_LT(text.find("W" + std::to_string(40 - count / 50000) + " messages"), text.size());
 }
 
 TEST_F(Log, TakesInDiagnosticsEachOnOneLine) {

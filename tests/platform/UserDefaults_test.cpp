@@ -20,9 +20,11 @@ TEST(PropertyListValue, KeepsWhatAFileCanHoldAndRefusesTheRest) {
     for (const Value& value : {Value(), Value(ValueList{{Value()}}), Value(ValueMap{{{1, 1}}}), Value(URL("u:")), Value(corvane::EXDateOnly(2024, 1, 1)), nested(kPropertyListDepth + 1),
                                Value(std::string(kPropertyListWeight, 'x')), Value(ValueList{std::vector<Value>(1 << 20, 1)})})
         EXPECT_EQ(fileOf(value), "");
-    corvane::tests::ForeignArchive bomb;
-    for (unsigned i = 0; i < 60; ++i) bomb.array({i + 1, i + 1});
-    EXPECT_FALSE(valueFromPropertyList(bomb.framed(bomb.integer(1) - 60)));
+    for (auto [depth, width] : {std::pair(60u, 2u), {kPropertyListDepth + 1, 1}}) {  // too much, too deep
+        corvane::tests::ForeignArchive bomb;
+        for (unsigned i = 0; i < depth; ++i) bomb.array(std::vector<std::uint64_t>(width, i + 1));
+        EXPECT_FALSE(valueFromPropertyList(bomb.framed(bomb.integer(1) - depth)));
+    }
 }
 struct UserDefaultsTest : testing::Test {
     corvane::tests::TemporaryDirectory home;

@@ -56,9 +56,9 @@ TEST_F(EXPreferencesTest, LoadWhateverIsStoredAndGiveWayToOthers) {
     std::unique_ptr<Twice> p;
     react = [&](auto key) {
         if (key == "showDue" && !p) elsewhere().setValue("HGCorvane logLevel", 5);  // another process, in the midst of this one's load
-        if (key == "enableTVDC" && p && p->enableTVDC() > 100) p->enableTVDC = 100;
+        if (key == "enableTVDC" && p && p->enableTVDC() > 100) elsewhere().setValue("HGCorvane enableTVDC", 7), p->enableTVDC = 100;
     };
-    elsewhere().setValue("HGCorvane logLevel", {}), (p = restart<Twice>())->reloadUserPreferences(), p->enableTVDC = 999;
+    elsewhere().setValue("HGCorvane logLevel", {}), p = restart<Twice>(), elsewhere().setValue("HGCorvane enableTVDC", 999), p->reloadUserPreferences();
     EXPECT_TRUE(p->logLevel() == 5 && elsewhere().value("HGCorvane logLevel") == 5 && p->enableTVDC() == 100 && elsewhere().value("HGCorvane enableTVDC") == 100);
 }
 TEST_F(EXPreferencesTest, OfTheApplicationOfferChoicesToAll) {
