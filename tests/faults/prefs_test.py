@@ -1,8 +1,7 @@
 #!/usr/bin/env python3
 """Kills `corvane prefs` at random instants, while two lanes of it change one setting each in one file:
 it can always be read, and each setting is as before or as it was to become."""
-import json, pathlib, plistlib, random, re, statistics, subprocess, sys, tempfile, threading, time
-KILLS = 100  # in each lane
+import concurrent.futures, json, pathlib, plistlib, random, re, statistics, subprocess, sys, tempfile, time
 WRONG = [["nope"], ["showDue", "-1"], ["showDue", "1.5"], ["showInspector", "yes"], ["--reset"], ["--reset", "showDue", "1"], ["quickEntryWindowFrame", "1,2,3"],
          ["quickEntryWindowFrame", "1,2,3,inf"], ["quickEntryHotkeyCombo", "1,-1"], ["hiddenSourceListItems", "[1]"], ["hiddenSourceListItems", '{"a":' * 99 + "1" + "}" * 99]]
 home, seed, faults = pathlib.Path(tempfile.mkdtemp(prefix="corvane-prefs.")), random.randrange(10**9), []
@@ -18,7 +17,7 @@ def stored(key):
     return plistlib.loads((home / "corvane.plist").read_bytes())["HGCorvane " + key]
 def lane(key):
     rng, present, killed, durations = random.Random(f"{seed} {key}"), stored(key), 0, [0.02]
-    while killed < KILLS and not faults:
+    while killed < 100 and not faults:
         value, start = rng.randrange(2**64), time.monotonic()
         status = run(key, str(value), timeout=rng.uniform(0, 1.2) * statistics.median(durations[-15:]))[0]
         killed, durations = killed + (status == -9), durations + [time.monotonic() - start] * (status == 0)
@@ -28,7 +27,7 @@ def lane(key):
 page = (pathlib.Path(__file__).parents[2] / "docs/formats/preferences.md").read_text()
 documented = {key: json.loads(default) for key, default in re.findall(r"^\| `(\w+)` \|[^|]*\| `(.*?)` \|", page, re.M)}
 if json.loads(run("--json")[1]) != documented: faults.append("the defaults are not those of the page")
-lanes = [threading.Thread(target=lane, args=[key]) for key in ("dailyReminderHour", "productiveHoursPerDay")]
-for step in (threading.Thread.start, threading.Thread.join): list(map(step, lanes))
+with concurrent.futures.ThreadPoolExecutor() as pool:
+    list(pool.map(lane, ("dailyReminderHour", "productiveHoursPerDay")))  # raises what a lane raises
 faults += [f"{arguments} is no wrong usage" for arguments in WRONG if run(*arguments)[0] != 2]
 sys.exit(f"seed {seed}: {faults} in {home}" if faults else subprocess.call(["rm", "-r", home]))
