@@ -12,12 +12,35 @@ namespace {
 
 using testing::HasSubstr;
 
-// clang-format off
-const std::string kPieces[] = {
-    "a", " ", "\n", "\r", "\r\n", "\t", "<b x='1'>", "&amp;", "]]>", "]]", ">", "\"", "'", "-->",
-    "\\", "\\u{41}", "\x01", "\x1F", "\x7F", "é", "💡", "\u0085", "\u00A0", "\u2028", "\uFFFE",
-    "\uFFFF", "\uFEFF", "\U0010FFFF", std::string(1, '\0')};
-// clang-format on
+const std::string kPieces[] = {"a",
+                               " ",
+                               "\n",
+                               "\r",
+                               "\r\n",
+                               "\t",
+                               "<b x='1'>",
+                               "&amp;",
+                               "]]>",
+                               "]]",
+                               ">",
+                               "\"",
+                               "'",
+                               "-->",
+                               "\\",
+                               "\\u{41}",
+                               "\x01",
+                               "\x1F",
+                               "\x7F",
+                               "é",
+                               "💡",
+                               "\u0085",
+                               "\u00A0",
+                               "\u2028",
+                               "\uFFFE",
+                               "\uFFFF",
+                               "\uFEFF",
+                               "\U0010FFFF",
+                               std::string(1, '\0')};
 
 /// Values of every kind in every field, the texts of the hostile sort.
 struct RandomDocument {
@@ -100,8 +123,10 @@ TEST(BackupDocument, IsRefusedWholeWithThePlace) {
     std::string nested = "<backup version='1'>";
     for (int depth = 1; depth < 65; ++depth)
         nested += "<n>";
-    // clang-format off
-    const struct { std::string content; const char* problem; } cases[] = {
+    const struct {
+        std::string content;
+        const char* problem;
+    } cases[] = {
         {"\xEF\xBB\xBF<backup/>", ":1:1: not a backup: no version"},
         {"<backup version='2'/>", ":1:1: of a version"},
         {"\n<!DOCTYPE b [<!ENTITY a 'x'><!ENTITY b '&a;'>]><backup/>", ":2:13: a document type"},
@@ -116,7 +141,6 @@ TEST(BackupDocument, IsRefusedWholeWithThePlace) {
         {field("<statusRaw code='65536'/>"), ":3:31: not a value of 'statusRaw'"},
         {field("<titleRaw escape='backslash'>\\u{D800}</titleRaw>"), "not a value of 'titleRaw'"},
     };
-    // clang-format on
     for (const auto& c : cases) {
         platform::Error error;
         EXPECT_FALSE(parseBackupDocument(c.content, "d", &error)) << c.content;
