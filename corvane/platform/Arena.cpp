@@ -8,8 +8,6 @@ namespace {
 
 // Below the size from which allocators fetch fresh pages from the system for every block.
 constexpr std::size_t kSmallChunk = 64 * 1024;
-// Of one huge page, which only what is large already needs.
-constexpr std::size_t kLargeChunk = 2 * 1024 * 1024;
 
 }  // namespace
 
@@ -25,7 +23,7 @@ void* Arena::allocate(std::size_t size, std::size_t alignment) {
         free_ = newChunk(nextChunkSize_);
         room_ = nextChunkSize_;
         nextChunkSize_ =
-            size_ < 2 * kLargeChunk ? std::min(2 * nextChunkSize_, kSmallChunk) : kLargeChunk;
+            size_ < 2 * kLargeBlock ? std::min(2 * nextChunkSize_, kSmallChunk) : kLargeBlock;
         place = free_;
     }
     free_ = static_cast<std::byte*>(place) + size;

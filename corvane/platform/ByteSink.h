@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <span>
+#include <utility>
 
 namespace corvane::platform {
 

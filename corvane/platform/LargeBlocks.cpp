@@ -7,20 +7,13 @@
 
 namespace corvane::platform {
 
-namespace {
-
-// The size of a huge page where most desktops run; elsewhere only an alignment.
-constexpr std::size_t kHugePage = std::size_t{2} << 20;
-
-}  // namespace
-
 void* allocateBlock(std::size_t size) {
-    if (size < kHugePage) {
+    if (size < kLargeBlock) {
         if (void* block = std::malloc(size)) return block;
         throw std::bad_alloc();
     }
-    const std::size_t rounded = (size + kHugePage - 1) & ~(kHugePage - 1);
-    void* block = rounded < size ? nullptr : std::aligned_alloc(kHugePage, rounded);
+    const std::size_t rounded = (size + kLargeBlock - 1) & ~(kLargeBlock - 1);
+    void* block = rounded < size ? nullptr : std::aligned_alloc(kLargeBlock, rounded);
     if (!block) throw std::bad_alloc();
     ::madvise(block, rounded, MADV_HUGEPAGE);  // a wish; small pages do too
     return block;

@@ -1,11 +1,14 @@
-// Memory for tables and chunks that may grow large: from two megabytes on it asks the system for
-// huge pages, which cost a hundredth of the page faults and far fewer misses in address lookup.
+// Memory for tables and chunks that may grow large: from a size on it asks the system for huge
+// pages, which spare page faults and misses in address lookup.
 #pragma once
 
 #include <cstddef>
 #include <memory>
 
 namespace corvane::platform {
+
+/// From this size on. It is that of a huge page where most desktops run; elsewhere an alignment.
+inline constexpr std::size_t kLargeBlock = std::size_t{2} << 20;
 
 /// Uninitialised memory of at least `size` bytes, aligned for any object. Throws std::bad_alloc
 /// where there is none. Any thread may release it.

@@ -21,7 +21,6 @@ constexpr Ref kFalseRef = 0;
 constexpr Ref kTrueRef = 1;
 constexpr std::size_t kFirstTextSlots = 256;
 constexpr std::size_t kSmallChunk = 64 * 1024;
-constexpr std::size_t kLargeChunk = 2 * 1024 * 1024;
 
 // Sizes of integers in the format: 1, 2 or 4 bytes unsigned, else 8 signed.
 unsigned integerSize(std::uint64_t number) {
@@ -35,7 +34,7 @@ unsigned log2(unsigned size) {
 
 // Large chunks come in huge pages, of which a small file needs none.
 std::size_t chunkSizeAfter(std::uint64_t byteCount) {
-    return byteCount < kLargeChunk ? kSmallChunk : kLargeChunk;
+    return byteCount < kLargeBlock ? kSmallChunk : kLargeBlock;
 }
 
 std::size_t sizePrefix(std::uint64_t size) {
