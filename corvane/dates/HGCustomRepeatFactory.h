@@ -21,16 +21,16 @@ namespace corvane {
 /// with the calendar's first weekday; what is stored always begins with Sunday.
 ///
 ///     // in a calendar whose week begins on Monday
-///     HGCustomRepeatFactory::bitmaskForRepeatOccurrences(0b1, kWeekly, calendar)       //
-///     0b1000000 HGCustomRepeatFactory::repeatOccurrencesFromBitmask(0b1000000, kWeekly, calendar)
-///     // 0b1
-///
 ///     HGCustomRepeatFactory factory;
-///     factory.resetPerFrequencyDefaultsForDate(EXDateOnly(2024, 3, 5), kMonthly, 3, 0b1,
-///     calendar); factory.intervalForFrequency(kMonthly)         // 3, as given
-///     factory.occurrencesForFrequency(kMonthly)      // 0b1, as given
-///     factory.occurrencesForFrequency(kWeekly)       // 0b100: that day is a Tuesday
-///     factory.occurrencesForFrequency(kYearly)       // 0b100: and in March
+///     factory.bitmaskForRepeatOccurrences(0b1, kWeekly, calendar)           // 0b1000000
+///     factory.repeatOccurrencesFromBitmask(0b1000000, kWeekly, calendar)    // 0b1
+///
+///     const EXDateOnly day(2024, 3, 5);
+///     factory.resetPerFrequencyDefaultsForDate(day, kMonthly, 3, 0b1, calendar);
+///     factory.intervalForFrequency(kMonthly)       // 3, as given
+///     factory.occurrencesForFrequency(kMonthly)    // 0b1, as given
+///     factory.occurrencesForFrequency(kWeekly)     // 0b100: that day is a Tuesday
+///     factory.occurrencesForFrequency(kYearly)     // 0b100: and in March
 class HGCustomRepeatFactory : public EXBitmaskFactory {
   public:
     /// "Weekly", in the user's language; none for a code that is no frequency.
