@@ -1,11 +1,11 @@
 // A picture that somebody else can draw, and the seam to who loads and combines pictures.
 #pragma once
 
-#include <memory>
-#include <string_view>
-
 #include "corvane/platform/Color.h"
 #include "corvane/platform/Size.h"
+
+#include <memory>
+#include <string_view>
 
 namespace corvane::platform {
 

@@ -1,14 +1,14 @@
 // What is cut, copied and dragged: items, each in several typed forms.
 #pragma once
 
+#include "corvane/platform/Value.h"
+
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include "corvane/platform/Value.h"
 
 namespace corvane::platform {
 
