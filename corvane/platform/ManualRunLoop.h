@@ -15,6 +15,7 @@ class ManualRunLoop final : public RunLoop {
     }
     void cancelCalls(Owner owner) override { loop_.cancelCalls(owner); }
     bool isInTurn() const override { return loop_.isInTurn(); }
+    void callAtEndOfTurn(Call call) override { loop_.callAtEndOfTurn(std::move(call)); }
 
     /// Runs one turn at the present time and tells how many calls ran.
     std::size_t runTurn() { return loop_.runTurn(); }

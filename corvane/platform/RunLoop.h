@@ -31,9 +31,15 @@ class RunLoop {
     /// owner is nobody. An owner cancels before it ceases to exist, or its calls keep it alive.
     virtual void callAfterDelay(double seconds, Owner owner, Call call) = 0;
 
-    /// Whether a turn is running on the calling thread: then a call that is posted now runs soon,
-    /// and can do once what every change of this turn needs.
+    /// Whether a turn is running on the calling thread: then its end is near, and can do once what
+    /// every change of this turn needs.
     virtual bool isInTurn() const { return false; }
+
+    /// Runs the call as the last thing that the turn does which is running on the calling thread,
+    /// or one that this turn runs itself; where none is running, in the next turn. So nothing can
+    /// come between a turn and what must follow it. A loop that does not override this runs the
+    /// call in the next turn in any case.
+    virtual void callAtEndOfTurn(Call call) { post(std::move(call)); }
 
     /// Withdraws every call of the owner that has not begun, and releases what these calls hold. On
     /// another thread than the loop's, a call that has begun may still be running afterwards.

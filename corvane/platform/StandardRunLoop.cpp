@@ -3,7 +3,6 @@
 #include "corvane/platform/GuardedCall.h"
 
 #include <stdexcept>
-#include <vector>
 
 namespace corvane::platform {
 
@@ -37,6 +36,11 @@ void StandardRunLoop::callAfterDelay(double seconds, Owner owner, Call call) {
     if (owner) placesByOwner_.emplace(keyOf(owner), place);
     entries_.emplace(place, Entry{owner, std::move(call)});
     if (entries_.begin()->first == place) earlier_.notify_all();
+}
+
+void StandardRunLoop::callAtEndOfTurn(Call call) {
+    if (!call || !isInTurn()) return post(std::move(call));
+    callsAtEnd_.push_back(std::move(call));
 }
 
 void StandardRunLoop::cancelCalls(Owner owner) {
@@ -73,8 +77,16 @@ std::size_t StandardRunLoop::runTurn() {
         ++count;
         lock.lock();
     }
+    lock.unlock();
+    endTurn();
     turningThread_ = outerTurn;
     return count;
+}
+
+void StandardRunLoop::endTurn() {
+    while (!callsAtEnd_.empty())
+        for (const auto& call : std::exchange(callsAtEnd_, {}))
+            runGuarded("run loop", call);
 }
 
 void StandardRunLoop::runUntil(const std::function<bool()>& done) {

@@ -15,6 +15,7 @@
 #include <set>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace corvane::platform {
 
@@ -31,9 +32,10 @@ class StandardRunLoop final : public RunLoop {
     void callAfterDelay(double seconds, Owner owner, Call call) override;
     void cancelCalls(Owner owner) override;
     bool isInTurn() const override { return turningThread_ == std::this_thread::get_id(); }
+    void callAtEndOfTurn(Call call) override;
 
-    /// Runs one turn and tells how many calls ran; never waits. A call may run a turn itself, which
-    /// is then the next one.
+    /// Runs one turn and tells how many calls ran, without those at its end; never waits. A call
+    /// may run a turn itself, which is then the next one.
     std::size_t runTurn();
 
     /// Runs turns until `done` is true, which is asked before each one. What makes it true on
@@ -53,6 +55,7 @@ class StandardRunLoop final : public RunLoop {
     using Entries = std::map<Place, Entry>;
 
     Entries::node_type takeFirst();
+    void endTurn();
     void waitUntilDue();
 
     const SteadyClock& clock_;
@@ -61,6 +64,7 @@ class StandardRunLoop final : public RunLoop {
     std::uint64_t nextNumber_ = 0;
     Entries entries_;
     std::set<std::pair<std::uintptr_t, Place>> placesByOwner_;
+    std::vector<Call> callsAtEnd_;                ///< the turning thread's alone
     std::atomic<std::thread::id> turningThread_;  ///< that of none between turns
 };
 

@@ -109,11 +109,12 @@ class UserDefaults::State : public std::enable_shared_from_this<UserDefaults::St
 
     void writeAndReport() {
         Hold hold(*this);
-        settle(write());
+        if (!changes_.empty()) settle(write());
     }
 
     std::optional<Error> synchronize() {
         Hold hold(*this);
+        if (changes_.empty()) return std::nullopt;
         auto failure = write();
         if (failure) reported_ = failure->message;
         settle(failure);
@@ -223,9 +224,12 @@ std::optional<Error> UserDefaults::synchronize() {
 void UserDefaults::writeSoon() {
     if (!state_->isOutsideBatches()) return;
     if (!mainRunLoop().isInTurn()) return state_->writeAndReport();
-    mainRunLoop().post([weak = std::weak_ptr(state_)] {
+    const auto write = [weak = std::weak_ptr(state_)] {
         if (const auto state = weak.lock()) state->writeAndReport();
-    });
+    };
+    mainRunLoop().callAtEndOfTurn(write);
+    // Should this turn run a loop of its own, as that of a dialog, its end may be far.
+    mainRunLoop().post(write);
 }
 
 UserDefaults::Batch::Batch(UserDefaults& defaults) : defaults_(defaults) {

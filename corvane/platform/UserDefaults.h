@@ -16,8 +16,9 @@ namespace corvane::platform {
 
 /// A setting has the value that the user gave it, else its registered fallback, which is never
 /// written. What a setter was given is what getters give from then on. It is written before the
-/// setter returns; within a turn of the main run loop, soon after, once for all that the turn has
-/// set; and at the latest when the store or the process ends.
+/// setter returns; within a turn of the main run loop, at the turn's end, once for all that the
+/// turn has set (RunLoop::callAtEndOfTurn); and at the latest when the store ends or the process
+/// exits.
 ///
 /// Only what was set here is written, over what other processes have written meanwhile. What they
 /// have written shows up here when this one reloads or writes.

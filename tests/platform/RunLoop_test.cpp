@@ -40,7 +40,10 @@ TEST(RunLoop, KeepsToTurnsWhateverCallsDo) {
     const ScopedConsole scope(console);
     std::string log;
     auto owner = std::make_shared<int>();
+    loop.callAtEndOfTurn([&] { log += "no turn, "; });
+    loop.runTurn();
     loop.callAfterDelay(0, owner.get(), [&, held = std::weak_ptr(owner)] {
+        loop.callAtEndOfTurn([&] { loop.callAtEndOfTurn([&] { log += "last, "; }); });
         loop.post([&] { log += console.lines().at(0); });
         loop.cancelCalls(std::exchange(owner, nullptr).get());
         log += held.expired() ? "first, " : "cancelled calls are not released";
@@ -50,7 +53,7 @@ TEST(RunLoop, KeepsToTurnsWhateverCallsDo) {
     loop.post([] { throw std::runtime_error("x"); });
     EXPECT_EQ(loop.runTurn(), 2u);
     loop.advance(9);
-    EXPECT_EQ(log, "first, ERROR: a call of 'run loop' threw: x");
+    EXPECT_EQ(log, "no turn, first, last, ERROR: a call of 'run loop' threw: x");
 }
 
 TEST(RunLoop, ServesManyThreadsAsNotificationCentersDo) {

@@ -51,8 +51,9 @@ TEST(PropertyListValue, KeepsWhatAFileCanHoldAndRefusesTheRest) {
         << "single precision takes half the bytes";
     for (const Value& value :
          {Value(), Value(ValueList{{Value()}}), Value(ValueMap{{{1, 1}}}), Value(URL("u:")),
-          Value(corvane::EXDateOnly(2024, 1, 1)), nested(kPropertyListDepth + 1),
-          Value(std::string(kPropertyListWeight, 'x')),
+          Value(corvane::EXDateOnly(2024, 1, 1)), Value(Instant::min()), Value(Instant::max()),
+          nested(kPropertyListDepth + 1), Value(std::string(kPropertyListWeight, 'x')),
+          Value(std::string(kPropertyListWeight / 2, '\xff')),  // is written in thrice the bytes
           Value(ValueList{std::vector<Value>(1 << 20, 1)})})
         EXPECT_EQ(fileOf(value), "");
     for (auto [depth, width] :
@@ -109,8 +110,19 @@ TEST_F(UserDefaultsTest, LoseNothingToDamageAndObstacles) {
         << "what cannot be read is not replaced";
     ManualRunLoop loop;
     const ScopedMainRunLoop inForce(loop);
-    loop.post([&] { defaults.setValue("c", 1); }), loop.runTurn();
-    EXPECT_FALSE(written()) << "not within the turn";
-    obstruct(), loop.runTurn(), std::filesystem::remove(home / "new"), loop.advance(60);
-    EXPECT_EQ(written(), Value(ValueMap{{{"a", 1}, {"b", 1}, {"c", 1}}})) << "tried again";
+    loop.post([&] {
+        defaults.setValue("c", 1);
+        EXPECT_FALSE(written()) << "not within the turn";
+    });
+    loop.runTurn();
+    EXPECT_EQ(written(), Value(ValueMap{{{"a", 1}, {"b", 1}, {"c", 1}}})) << "at its end";
+    obstruct(), loop.post([&] { defaults.setValue("c", 2); }), loop.runTurn();
+    std::filesystem::remove(home / "new"), loop.advance(60);
+    EXPECT_EQ(written(), Value(ValueMap{{{"c", 2}}})) << "tried again";
+    loop.post([&] {
+        defaults.setValue("c", 3);
+        EXPECT_EQ(loop.runTurn(), 1u) << "a loop within the turn is woken";
+        EXPECT_EQ(written(), Value(ValueMap{{{"c", 3}}}));
+    });
+    loop.runTurn();
 }
