@@ -56,4 +56,11 @@ inline FileDescriptor openFile(const std::string& path, int flags, mode_t mode =
         retryOnInterrupt([&] { return ::open(systemPath(path), flags | O_CLOEXEC, mode); }));
 }
 
+/// The directory that an entry is in, by the entry's path.
+inline std::string directoryOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos) return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
 }  // namespace corvane::platform

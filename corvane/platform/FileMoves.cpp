@@ -12,12 +12,6 @@ namespace corvane::platform {
 
 namespace {
 
-std::string directoryOf(const std::string& path) {
-    std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos) return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
-}
-
 bool writeAll(int file, std::span<const std::byte> content) {
     while (!content.empty()) {
         ssize_t count =

@@ -1,11 +1,17 @@
 #include "corvane/platform/FileReplacement.h"
 
+#include "corvane/platform/Clock.h"
+#include "corvane/platform/DirectoryListing.h"
 #include "corvane/platform/FileDescriptor.h"
+#include "corvane/platform/FileMoves.h"
 #include "corvane/platform/FileSink.h"
 
 #include <sys/stat.h>
 
 #include <atomic>
+#include <charconv>
+#include <chrono>
+#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -14,6 +20,11 @@
 namespace corvane::platform {
 
 namespace {
+
+// Followed by the number of the process, "-" and a number that counts up.
+constexpr std::string_view kHiddenPrefix = ".corvane-";
+
+constexpr std::chrono::minutes kLongestWriting{10};
 
 // The functions below return 0 or the errno value of what failed.
 
@@ -27,12 +38,6 @@ struct Job {
     // Closed to others until the permissions of a replaced file are set.
     mode_t creationMode() const { return permissions ? 0600 : 0666; }
 };
-
-std::string directoryOf(const std::string& path) {
-    std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos) return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
-}
 
 Error describe(const std::string& path, int failure) {
     return Error::fromErrno("cannot write '" + path + "'", failure);
@@ -95,8 +100,8 @@ class HiddenName {
     bool create(Create tryCreate) {
         static std::atomic<std::uint64_t> counter = 0;
         do {
-            path_ = directory_ + "/.corvane-" + std::to_string(::getpid()) + "-" +
-                    std::to_string(counter++);
+            path_ = directory_ + "/" + std::string(kHiddenPrefix) + std::to_string(::getpid()) +
+                    "-" + std::to_string(counter++);
             exists_ = tryCreate(path_);
         } while (!exists_ && errno == EEXIST);
         return exists_;
@@ -142,13 +147,6 @@ int publishHiddenFile(const Job& job) {
     return name.moveTo(job.path);
 }
 
-int syncDirectory(const std::string& path) {
-    FileDescriptor directory = openFile(path, O_RDONLY | O_DIRECTORY);
-    if (!directory) return errno;
-    if (retryOnInterrupt([&] { return ::fsync(directory.get()); }) == 0) return 0;
-    return errno == EINVAL ? 0 : errno;  // EINVAL: this file system syncs no directories
-}
-
 template <class Publish>
 std::optional<Error> replace(const std::string& path, const ContentWriter& content,
                              Durability durability,
@@ -158,10 +156,26 @@ std::optional<Error> replace(const std::string& path, const ContentWriter& conte
     job.staging = stagingDirectory.value_or(directoryOf(job.path));
     int failure = publish(job);
     if (failure == 0 && durability == Durability::Synced) {
-        failure = syncDirectory(directoryOf(job.path));
+        if (auto notSynced = syncDirectory(directoryOf(job.path))) failure = notSynced->code;
     }
     if (failure != 0) return describe(path, failure);
     return std::nullopt;
+}
+
+/// 0 where the name is none that a HiddenName gives.
+pid_t processOf(std::string_view name) {
+    if (!name.starts_with(kHiddenPrefix)) return 0;
+    name.remove_prefix(kHiddenPrefix.size());
+    pid_t process = 0;
+    const auto [end, failure] = std::from_chars(name.begin(), name.end(), process);
+    name.remove_prefix(static_cast<std::size_t>(end - name.begin()));
+    const bool isOurs = failure == std::errc() && name.size() > 1 && name[0] == '-' &&
+                        name.find_first_not_of("0123456789", 1) == name.npos;
+    return isOurs ? process : 0;
+}
+
+bool isGone(pid_t process) {
+    return process > 0 && ::kill(process, 0) != 0 && errno == ESRCH;
 }
 
 ContentWriter inOnePiece(std::span<const std::byte> content) {
@@ -191,6 +205,15 @@ std::optional<Error> replaceFileThroughHiddenName(
     const std::string& path, std::span<const std::byte> content, Durability durability,
     const std::optional<std::string>& stagingDirectory) {
     return replace(path, inOnePiece(content), durability, stagingDirectory, publishHiddenFile);
+}
+
+void removeAbandonedFiles(const std::string& stagingDirectory) {
+    const auto entries = listDirectory(stagingDirectory);
+    if (!entries) return;
+    const Instant latest = currentClock().now() - kLongestWriting;
+    for (const auto& [name, creationTime] : *entries)
+        if (creationTime < latest && isGone(processOf(name)))
+            ::unlink((stagingDirectory + "/" + name).c_str());
 }
 
 }  // namespace corvane::platform

@@ -46,4 +46,9 @@ enum class Durability {
     const std::string& path, std::span<const std::byte> content, Durability durability,
     const std::optional<std::string>& stagingDirectory = std::nullopt);
 
+/// Removes what killed processes left under hidden names in a staging directory: the files that are
+/// older than ten minutes and whose process does not live. The age spares those of a process that
+/// this one cannot see, such as one in a container. What cannot be removed stays.
+void removeAbandonedFiles(const std::string& stagingDirectory);
+
 }  // namespace corvane::platform

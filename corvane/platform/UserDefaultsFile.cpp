@@ -1,6 +1,7 @@
 #include "corvane/platform/UserDefaultsFile.h"
 
 #include "corvane/platform/DirectoryLock.h"
+#include "corvane/platform/FileDescriptor.h"
 #include "corvane/platform/FileMoves.h"
 #include "corvane/platform/FileReplacement.h"
 #include "corvane/platform/Files.h"
@@ -16,10 +17,6 @@ namespace corvane::platform {
 namespace {
 
 using Settings = UserDefaultsFile::Settings;
-
-std::string directoryOf(const std::string& path) {
-    return std::filesystem::path(path).parent_path().native();
-}
 
 bool exists(const std::string& path) {
     std::error_code ignored;
@@ -79,6 +76,7 @@ std::optional<Error> UserDefaultsFile::update(Settings& settings,
     if (auto failure = createDirectories(directoryOf(path_), 0700)) return failure;
     std::optional<DirectoryLock> lock;
     if (auto failure = lockDirectory(directoryOf(path_), lock)) return failure;
+    removeAbandonedFiles(directoryOf(path_));
     if (auto failure = readHeld(content)) return failure;
     change(content.settings);
     if (auto failure = write(content.settings, content.bytes)) return failure;

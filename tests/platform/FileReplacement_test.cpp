@@ -1,5 +1,6 @@
 #include "corvane/platform/FileReplacement.h"
 
+#include "corvane/platform/Clock.h"
 #include "corvane/platform/Files.h"
 
 #include "tests/support/ChildProcess.h"
@@ -94,6 +95,24 @@ TEST_P(FileReplacement, WritesTheWholeContentAndNothingElse) {
             EXPECT_TRUE(staging.content().empty());
         }
     }
+}
+
+TEST(AbandonedFiles, GoWhenTheyAreOldAndNobodysAnyMore) {
+    TemporaryDirectory directory;
+    const pid_t child = tests::startChild([] { return 0; });
+    tests::waitForChild(child);
+    const std::string gone = ".corvane-" + std::to_string(child), abandoned = gone + "-0";
+    for (const auto& name : {abandoned, gone, gone + "-0x", "x" + abandoned,
+                             ".corvane-" + std::to_string(::getpid()) + "-0"})
+        directory.write(name, "");
+    auto left = directory.content();
+    removeAbandonedFiles(directory.path());
+    EXPECT_EQ(directory.content(), left) << "too young";
+    const FixedClock later(currentClock().now() + std::chrono::minutes(11));
+    const ScopedClock scope(later);
+    removeAbandonedFiles(directory.path());
+    left.erase(abandoned);
+    EXPECT_EQ(directory.content(), left);
 }
 
 TEST_P(FileReplacement, ReportsAFailureAndLeavesEverythingAsItWas) {
