@@ -1,5 +1,7 @@
 #include "corvane/platform/Instant.h"
 
+#include "corvane/platform/IntegerMath.h"
+
 #include <cmath>
 
 namespace corvane::platform {
@@ -14,7 +16,9 @@ constexpr double kFarthestMicroseconds = 9.2e18;
 }  // namespace
 
 double secondsSinceReferenceDate(Instant instant) {
-    return static_cast<double>((instant - kReferenceDate).count()) / kMicrosecondsPerSecond;
+    const auto microseconds = saturatingSum(instant.time_since_epoch().count(),
+                                            -kReferenceDate.time_since_epoch().count());
+    return static_cast<double>(microseconds) / kMicrosecondsPerSecond;
 }
 
 std::optional<Instant> instantFromReferenceSeconds(double seconds) {

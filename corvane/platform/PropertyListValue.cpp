@@ -2,6 +2,7 @@
 
 #include "corvane/platform/PropertyListReader.h"
 #include "corvane/platform/PropertyListWriter.h"
+#include "corvane/platform/TextEncoding.h"
 
 #include <cmath>
 #include <limits>
@@ -35,6 +36,16 @@ class Budget {
     std::size_t left_ = kPropertyListWeight;
 };
 
+/// Bytes of the text as a reader gets it: what is no UTF-8 may grow to U+FFFD for each byte.
+std::size_t sizeOfText(std::string_view text) {
+    return isUTF8(text) ? text.size() : 3 * text.size();
+}
+
+/// Not at the very ends of the range, which the file's reals meet only roughly.
+bool canBeRead(Instant instant) {
+    return instantFromReferenceSeconds(secondsSinceReferenceDate(instant)).has_value();
+}
+
 bool fits(const Value& value, unsigned depth, Budget& budget);
 
 bool fitsMap(const ValueMap& map, unsigned depth, Budget& budget) {
@@ -48,10 +59,11 @@ bool fits(const Value& value, unsigned depth, Budget& budget) {
         case Value::Kind::Boolean:
         case Value::Kind::Integer:
         case Value::Kind::Real:
-        case Value::Kind::Moment:
             return budget.take(1);
+        case Value::Kind::Moment:
+            return canBeRead(*value.instant()) && budget.take(1);
         case Value::Kind::Text:
-            return budget.take(1, value.text()->size());
+            return budget.take(1, sizeOfText(*value.text()));
         case Value::Kind::Data:
             return budget.take(1, value.data()->size());
         case Value::Kind::List:

@@ -14,11 +14,12 @@ namespace corvane::platform {
 inline constexpr unsigned kPropertyListDepth = 64;
 
 /// How much there is at most in what is written and read: 16 for every value and every key, and the
-/// bytes of texts and data.
+/// bytes of texts and data, of ill-formed texts three times over.
 inline constexpr std::size_t kPropertyListWeight = 16 * 1024 * 1024;
 
-/// Whether a property list can say it: flags, numbers, texts, data, moments, and lists and maps of
-/// these within the limits, with texts as keys of maps. Null can only be left out.
+/// Whether a property list can say it: flags, numbers, texts, data, moments (less than 291,000
+/// years from 2001), and lists and maps of these within the limits, with texts as keys of maps.
+/// Null can only be left out.
 bool isPropertyListValue(const Value& value);
 
 /// The file with the value; none where isPropertyListValue is false. The same value gives the same
