@@ -10,10 +10,8 @@ namespace corvane::logging {
 namespace {
 
 constexpr std::pair<std::string_view, Level> kFirstWords[] = {
-    {"ERROR: ", Level::Error},
-    {"WARNING: ", Level::Warning},
-    {"==> INFO: ", Level::Information},
-    {"### ", Level::Debug},
+    {"ERROR: ", Level::Error}, {"WARNING: ", Level::Warning}, {"==> INFO: ", Level::Information},
+    {"DEBUG: ", Level::Debug}, {"### ", Level::Debug},
 };
 
 }  // namespace

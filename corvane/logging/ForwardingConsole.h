@@ -14,6 +14,7 @@ namespace corvane::logging {
 ///     lineKind("WARNING: no such file")      // Warning, "no such file"
 ///     lineKind("==> INFO: restored")         // Information, "restored"
 ///     lineKind("### 3 rows")                 // Debug, "3 rows"
+///     lineKind("DEBUG: 3 rows")              // the same
 ///     lineKind("[EXTable reload] for 'x'")   // Verbose, the whole line
 struct LineKind {
     Level level;

@@ -11,9 +11,9 @@ namespace corvane::logging {
 
 /// Lines tell the time in the zone that was current when the format was made.
 ///
-///     LineFormat(LineFormat::Style::File)           // 2026-11-21 10:15:00.250+01:00 4242 WARNING
-///     late LineFormat(LineFormat::Style::Terminal)       // 10:15:00.250 WARNING late
-///     LineFormat(LineFormat::Style::ColorTerminal)  // the same, with the level in its colour
+///     Style::File            // "2026-11-21 10:15:00.250+01:00 4242 WARNING late"
+///     Style::Terminal        // "10:15:00.250 WARNING late"
+///     Style::ColorTerminal   // the same, with the level in its colour
 class LineFormat {
   public:
     enum class Style { File, Terminal, ColorTerminal };

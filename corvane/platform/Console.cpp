@@ -1,5 +1,7 @@
 #include "corvane/platform/Console.h"
 
+#include "corvane/platform/Terminal.h"
+
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 #include <unistd.h>
@@ -14,9 +16,7 @@ class StandardError final : public Console {
   public:
     // One write call a line keeps lines of several threads and processes whole.
     void writeLine(std::string_view line) override {
-        std::string text(line);
-        text += '\n';
-        [[maybe_unused]] auto written = ::write(STDERR_FILENO, text.data(), text.size());
+        writeToStandardError(std::string(line) += '\n');
     }
 
     // Unless it is closed or thrown away.

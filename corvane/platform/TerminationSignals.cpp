@@ -62,8 +62,8 @@ bool startWatching() {
     } catch (const std::system_error&) {
         return false;
     }
-    pipeEntry =
-        entry.release();  // a forked child leaves its parent's open: its threads may hold it
+    // A forked child leaves its parent's open, because the handler may be about to use it.
+    pipeEntry = entry.release();
     speaking = false;
     watchedProcess = ::getpid();
     return true;

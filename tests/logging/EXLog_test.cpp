@@ -9,11 +9,17 @@
 #include "tests/support/ChildProcess.h"
 #include "tests/support/TemporaryDirectory.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <sys/mman.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/un.h>
 
+#include <fstream>
+#include <sched.h>
 #include <sstream>
 #include <thread>
 
@@ -69,6 +75,50 @@ TEST_F(Log, LosesNothingHoweverTheProcessEnds) {
     }
 }
 
+/// In a child: a system log of its own, where the kernel lets it have its own "/dev".
+int systemLog() {
+    const string user = "0 " + std::to_string(::getuid()),
+                 group = "0 " + std::to_string(::getgid());
+    if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return -1;
+    for (auto [file, text] : {std::pair("setgroups", string("deny")),
+                              {"uid_map", user + " 1"},
+                              {"gid_map", group + " 1"}})
+        std::ofstream(string("/proc/self/") + file) << text;
+    const int log = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_NONBLOCK, 0);
+    const sockaddr_un place{AF_UNIX, "/dev/log"};
+    const bool isThere = ::mount("", "/dev", "tmpfs", 0, nullptr) == 0 &&
+                         ::bind(log, reinterpret_cast<const sockaddr*>(&place), sizeof place) == 0;
+    return isThere ? log : -1;
+}
+
+TEST_F(Log, TellsTheSystemLogHowImportantEachLineIs) {
+    constexpr int kNone = 99;
+    const int wrong = tests::runInChild([&] {
+        const int log = systemLog();
+        if (log < 0) return kNone;
+        theLog.setLogLevel(logging::kUpToVerbose);
+        theLog.addDefaultLoggers(), theLog.addDefaultLoggers();
+        int received = 0;
+        for (auto [level, priority] : {std::pair(Level::Error, 11),
+                                       {Level::Warning, 12},
+                                       {Level::Information, 14},
+                                       {Level::Debug, 15},
+                                       {Level::Verbose, 15}}) {
+            logging::log(level, "%s\n{}", ++received), theLog.flush();
+            char bytes[256];
+            const auto size = ::recv(log, bytes, sizeof bytes, 0);
+            const string line(bytes, static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+            const string tail = fmt::format(" logging_tests[{}]: %s\\n{}", ::getpid(), received);
+            if (!line.starts_with(fmt::format("<{}>", priority)) || !line.ends_with(tail) ||
+                ::recv(log, bytes, sizeof bytes, 0) >= 0)
+                return received;
+        }
+        return 0;
+    });
+    if (wrong == kNone) GTEST_SKIP() << "this system lets nobody have a system log of his own";
+    EXPECT_EQ(wrong, 0) << "the number of the first line that did not come as it should";
+}
+
 TEST_F(Log, RollsByAgeAndRemovesOnlyItsOwnOldest) {
     std::filesystem::create_directory(home / "log");
     for (string name : {"00.log", "00Z 1.log", "60Z.log", "0Z.log", "00Z.log"})
@@ -111,7 +161,7 @@ TEST_F(Log, OutlivesAFullDisk) {
 TEST_F(Log, TakesInDiagnosticsEachOnOneLine) {
     // clang-format off
     const std::pair<string, string> cases[] = {
-        {"ERROR: e", "Ee"}, {"WARNING: w", "Ww"}, {"==> INFO: i\r\n", "Ii"}, {"### \n", "D"},
+        {"ERROR: e", "Ee"}, {"WARNING: w", "Ww"}, {"==> INFO: i\r\n", "Ii"}, {"### \n", "D"}, {"DEBUG: d", "Dd"},
         {"[A b:] 1", "V[A b:] 1"}, {"[a\nb", "I[a\\nb"}, {"\xff\xc3(", "I\ufffd\ufffd("},
         {"\t\x1b[2J\x7f{}", "I\t\\x1b[2J\\x7f{}"}, {"\u009b\u2028ä💡", "I\\u009b\\u2028ä💡"},
         {string(65535, 'x') + "\u00e4 more", "I" + string(65535, 'x') + " ... (7 bytes more)"}};
