@@ -26,8 +26,8 @@ class FixedClock final : public Clock {
     Instant instant_;
 };
 
-/// Puts a clock in force for as long as it lives; for tests, on one thread. The clock must
-/// outlive it. Scopes nest.
+/// Puts a clock in force for as long as it lives; for tests, and for programs that answer as if it
+/// were another day. On one thread. The clock must outlive it. Scopes nest.
 class ScopedClock {
   public:
     explicit ScopedClock(const Clock& clock);

@@ -1,6 +1,7 @@
 #include "corvane/platform/DirectoryListing.h"
 
 #include "corvane/platform/FileDescriptor.h"
+#include "corvane/platform/StatxTime.h"
 
 #include <sys/stat.h>
 
@@ -23,11 +24,6 @@ Directory openDirectory(const std::string& path) {
     Directory directory(file ? ::fdopendir(file.get()) : nullptr);
     if (directory) file.release();
     return directory;
-}
-
-Instant toInstant(const struct statx_timestamp& time) {
-    auto sinceEpoch = std::chrono::seconds{time.tv_sec} + std::chrono::nanoseconds{time.tv_nsec};
-    return Instant{std::chrono::floor<std::chrono::microseconds>(sinceEpoch)};
 }
 
 /// None when the entry is gone. One that cannot be looked at counts as older than all others, so

@@ -24,7 +24,8 @@ std::optional<URL> containerURLForSecurityApplicationGroupIdentifier(std::string
 /// ask for the container.
 void setGroupContainerOverride(std::optional<std::string> path);
 
-/// Puts an override in force for as long as it lives; for tests, on one thread. Scopes nest.
+/// Puts an override in force for as long as it lives; for tests, and for programs that play two
+/// devices. On one thread. Scopes nest.
 class ScopedGroupContainer {
   public:
     explicit ScopedGroupContainer(std::optional<std::string> path);

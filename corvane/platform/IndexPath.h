@@ -8,10 +8,19 @@
 namespace corvane::platform {
 
 /// Counts sections, and items within their section, from 0. A regular value, ordered by section,
-/// then item.
+/// then item. A table calls its items rows.
 struct IndexPath {
     std::int64_t section = 0;
     std::int64_t item = 0;
+
+    static constexpr IndexPath indexPathForRow(std::int64_t row, std::int64_t section) {
+        return {section, row};
+    }
+    static constexpr IndexPath indexPathForItem(std::int64_t item, std::int64_t section) {
+        return {section, item};
+    }
+
+    constexpr std::int64_t row() const { return item; }
 
     friend constexpr bool operator==(const IndexPath&, const IndexPath&) = default;
     friend constexpr std::strong_ordering operator<=>(const IndexPath&, const IndexPath&) = default;

@@ -55,7 +55,8 @@ Locale localeOfEnvironment(const EnvironmentReader& variable);
 /// only where that locale is a real one.
 std::vector<std::string> languagesOfEnvironment(const EnvironmentReader& variable);
 
-/// Puts a locale in force for as long as it lives; for tests, on one thread. Scopes nest.
+/// Puts a locale in force for as long as it lives; for tests, and for programs that answer in
+/// another one than the user's. On one thread. Scopes nest.
 class ScopedLocale {
   public:
     explicit ScopedLocale(Locale locale);
@@ -68,8 +69,7 @@ class ScopedLocale {
     const Locale* previous_;
 };
 
-/// Puts a list of languages in force for as long as it lives; for tests, on one thread. Scopes
-/// nest.
+/// The same for a list of languages.
 class ScopedLanguages {
   public:
     explicit ScopedLanguages(std::vector<std::string> languages);

@@ -60,6 +60,29 @@ icu::DateFormatSymbols::DtWidthType widthOfLength(NameLength length) {
     return icu::DateFormatSymbols::WIDE;
 }
 
+icu::DateFormat::EStyle styleOf(DateStyle style) {
+    switch (style) {
+        case DateStyle::Short:
+            return icu::DateFormat::kShort;
+        case DateStyle::Medium:
+            return icu::DateFormat::kMedium;
+        case DateStyle::Long:
+            return icu::DateFormat::kLong;
+        case DateStyle::Full:
+            return icu::DateFormat::kFull;
+        case DateStyle::None:
+            break;
+    }
+    return icu::DateFormat::kNone;
+}
+
+std::string patternOf(std::unique_ptr<icu::DateFormat> format) {
+    icu::UnicodeString pattern;
+    if (const auto* simple = dynamic_cast<const icu::SimpleDateFormat*>(format.get()))
+        simple->toPattern(pattern);
+    return utf8Text(pattern);
+}
+
 /// Copies as many names as both sides have, so that short locale data leave empty names.
 template <std::size_t Count>
 void copyNames(const icu::UnicodeString* names, int32_t count,
@@ -132,6 +155,18 @@ std::vector<std::string> bestDatePatterns(const Locale& locale,
         if (U_SUCCESS(ownStatus)) patterns[i] = utf8Text(pattern);
     }
     return patterns;
+}
+
+std::string datePatternOfStyle(const Locale& locale, DateStyle style) {
+    if (style == DateStyle::None) return {};
+    return patternOf(std::unique_ptr<icu::DateFormat>(
+        icu::DateFormat::createDateInstance(styleOf(style), gregorian(locale))));
+}
+
+std::string timePatternOfStyle(const Locale& locale, DateStyle style) {
+    if (style == DateStyle::None) return {};
+    return patternOf(std::unique_ptr<icu::DateFormat>(
+        icu::DateFormat::createTimeInstance(styleOf(style), gregorian(locale))));
 }
 
 struct DateFormatter::Format {

@@ -58,6 +58,15 @@ std::string bestDatePattern(const Locale& locale, std::string_view skeleton);
 std::vector<std::string> bestDatePatterns(const Locale& locale,
                                           std::span<const std::string_view> skeletons);
 
+/// How much of a date or a time is written. The numbers are the platform's codes.
+enum class DateStyle { None = 0, Short = 1, Medium = 2, Long = 3, Full = 4 };
+
+/// The pattern in which the locale writes dates, or times, of that style; empty for none.
+///   datePatternOfStyle(Locale("en_US"), DateStyle::Full)    is "EEEE, MMMM d, y"
+///   timePatternOfStyle(Locale("de_DE"), DateStyle::Short)   is "HH:mm"
+std::string datePatternOfStyle(const Locale& locale, DateStyle style);
+std::string timePatternOfStyle(const Locale& locale, DateStyle style);
+
 /// Writes dates by a pattern in a locale's names and digits. An immutable value; making one costs
 /// as much as hundreds of texts (about 50 µs), so keep it for the next.
 ///     DateFormatter("EEEE", Locale("de_DE")).stringFromCivil({2024, 3, 5})   // "Dienstag"

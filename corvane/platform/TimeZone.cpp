@@ -88,7 +88,7 @@ Instant TimeZone::instantFromCivil(const CivilTime& civil, RepeatedTime repeated
 }
 
 bool TimeZone::isEqual(const TimeZone& other) const {
-    return rules_->zone == other.rules_->zone;
+    return rules_ == other.rules_ || rules_->zone == other.rules_->zone;
 }
 
 ScopedTimeZone::ScopedTimeZone(TimeZone zone)

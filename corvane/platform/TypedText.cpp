@@ -7,6 +7,10 @@
 #include <unicode/unistr.h>
 #include <unicode/utf8.h>
 
+#include <cstdint>
+#include <cstring>
+#include <limits>
+
 namespace corvane::platform {
 
 namespace {
@@ -26,6 +30,42 @@ constexpr std::array<char, 0x80> kFoldedASCII = [] {
     }
     return table;
 }();
+
+/// Folds as many characters at once as fit a Number. False, and nothing written, unless all are
+/// ASCII behind the blank, each of which stays one character.
+template <class Number>
+bool foldCharacters(const char* from, char* to) {
+    // A 1 for each character; what is added to or taken from one never reaches the next.
+    constexpr std::uint64_t ones = std::numeric_limits<Number>::max() / 0xFF;
+    Number characters;
+    std::memcpy(&characters, from, sizeof characters);
+    const std::uint64_t all = characters;
+    if ((all | (all - ones * '!')) & ones * 0x80) return false;
+    const auto isFromA = all + ones * (0x80 - 'A');
+    const auto isBehindZ = all + ones * (0x80 - 'Z' - 1);
+    characters = static_cast<Number>(all | (isFromA & ~isBehindZ & ones * 0x80) >> 2);
+    std::memcpy(to, &characters, sizeof characters);
+    return true;
+}
+
+/// The same for a text, the end of which is folded twice where it is of no even size.
+template <class Number>
+bool foldText(std::string_view text, char* to) {
+    std::size_t at = 0;
+    for (; at + sizeof(Number) < text.size(); at += sizeof(Number))
+        if (!foldCharacters<Number>(text.data() + at, to + at)) return false;
+    at = text.size() - sizeof(Number);
+    return foldCharacters<Number>(text.data() + at, to + at);
+}
+
+/// False for what is not a single word in ASCII. Most texts are, and others can still be folded one
+/// character after the other. REQUIRES: no empty text.
+bool foldWord(std::string_view text, char* to) {
+    if (text.size() >= sizeof(std::uint64_t)) return foldText<std::uint64_t>(text, to);
+    if (text.size() >= sizeof(std::uint32_t)) return foldText<std::uint32_t>(text, to);
+    if (text.size() >= sizeof(std::uint16_t)) return foldText<std::uint16_t>(text, to);
+    return foldText<std::uint8_t>(text, to);
+}
 
 bool isDirectionMark(UChar32 c) {
     return c == 0x200E || c == 0x200F || c == 0x061C || (c >= 0x202A && c <= 0x202E) ||
@@ -64,7 +104,11 @@ LetterCase letterCaseOfLocale(const Locale& locale) {
 }
 
 TypedText::TypedText(std::string_view text, LetterCase letterCase) {
-    if (text.size() > kLongest || !fold(text, letterCase, Form::Unknown)) size_ = 0;
+    if (text.empty() || text.size() > kLongest) return;
+    if (letterCase == LetterCase::Usual && foldWord(text, buffer_.data()))
+        size_ = text.size();
+    else if (!fold(text, letterCase, Form::Unknown))
+        size_ = 0;
 }
 
 std::string_view TypedText::trimmedText() const {
