@@ -17,10 +17,10 @@ inline constexpr std::string_view EXPreferenceKeyComboModifiersKey = "modifiers"
 /// `code` is a virtual key code of the keyboard, such as 47 for the period. `modifiers` has the
 /// layout of events: bit 20 is Command, 18 Control (SRCarbonToCocoaFlags has all).
 ///
-///     EXPreferenceKeyCombo combo(47, 0x140000);                 // Control, Command and period
-///     *EXPreferenceKeyCombo::toPTKeyCombo(combo)                // PTKeyCombo(47, 0x1100)
-///     EXPreferenceKeyCombo::toUserDefaultsDictionary(combo)     // {"code": 47, "modifiers":
-///     1310720}
+///     EXPreferenceKeyCombo combo(47, 0x140000);    // Control, Command and period
+///     *EXPreferenceKeyCombo::toPTKeyCombo(combo)   // PTKeyCombo(47, 0x1100)
+///     EXPreferenceKeyCombo::toUserDefaultsDictionary(combo)
+///                                                  // {"code": 47, "modifiers": 1310720}
 class EXPreferenceKeyCombo {
   public:
     constexpr EXPreferenceKeyCombo() = default;

@@ -12,10 +12,6 @@ using Point = EXLine::Point;
 
 constexpr double kEpsilon = std::numeric_limits<float>::epsilon();
 
-Point difference(Point a, Point b) {
-    return {a.x - b.x, a.y - b.y};
-}
-
 /// Twice the area between the vectors; 0 for parallel ones.
 double cross(Point a, Point b) {
     return a.x * b.y - a.y * b.x;
@@ -27,9 +23,9 @@ bool isOnLine(double position) {
 }
 
 std::optional<Point> commonPoint(const EXLine& line, const EXLine& other) {
-    const Point p = difference(line.end(), line.start());
-    const Point q = difference(other.end(), other.start());
-    const Point between = difference(line.start(), other.start());
+    const Point p = line.end() - line.start();
+    const Point q = other.end() - other.start();
+    const Point between = line.start() - other.start();
     const double d = cross(p, q);
     const double na = cross(q, between);
     const double nb = cross(p, between);

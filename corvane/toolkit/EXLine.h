@@ -1,6 +1,8 @@
 // A straight line between two points of the plane. A value.
 #pragma once
 
+#include "corvane/platform/Point.h"
+
 namespace corvane {
 
 ///     EXLine rising({0, 0}, {2, 2});
@@ -9,11 +11,7 @@ namespace corvane {
 ///     rising.intersectsWithLine(EXLine({0, 1}, {2, 3}), &point)    // false; the point is (0, 0)
 class EXLine {
   public:
-    struct Point {
-        double x = 0;
-        double y = 0;
-        friend bool operator==(const Point&, const Point&) = default;
-    };
+    using Point = platform::Point;
 
     EXLine() = default;
     EXLine(Point start, Point end) : start_(start), end_(end) {}
