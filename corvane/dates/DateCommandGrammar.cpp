@@ -20,10 +20,6 @@ constexpr std::int64_t kLastDayOfWeek = 6;
 
 constexpr int kSomeLeapYear = 2000;
 
-std::size_t byteAt(std::string_view text, std::size_t place) {
-    return static_cast<unsigned char>(text[place]);
-}
-
 std::optional<DayCommand> commandOfFields(const DateFields& fields) {
     if (!platform::exists({fields.year.value_or(kSomeLeapYear), fields.month, fields.day}))
         return std::nullopt;
@@ -42,13 +38,13 @@ DateCommandGrammar::DateCommandGrammar(EXCalendar calendar)
 
 void DateCommandGrammar::addWeekdayNames() {
     int weekday = calendar_.firstWeekday();
+    for (const auto& name : calendar_.createWeekdayShortNames()) {
+        addShortName(name, weekday);
+        weekday = EXCalendar::nextWeekday(weekday);
+    }
     for (auto& name : calendar_.createWeekdayNames()) {
         addFullName(name, weekday);
         weekdayNameMap_[static_cast<std::size_t>(weekday)] = std::move(name);
-        weekday = EXCalendar::nextWeekday(weekday);
-    }
-    for (const auto& name : calendar_.createWeekdayShortNames()) {
-        addShortName(name, weekday);
         weekday = EXCalendar::nextWeekday(weekday);
     }
 }
@@ -61,14 +57,14 @@ void DateCommandGrammar::addFullName(const std::string& name, int weekday) {
     for (const auto& spelling : spellings) {
         if (!weekdayNameBimap_.objectForKey(spelling))
             weekdayNameBimap_.setObject(weekday, spelling);
-        firstBytesOfWeekdays_.set(byteAt(spelling, 0));
+        weekdayWords_.add(spelling, weekday);
     }
 }
 
 void DateCommandGrammar::addShortName(const std::string& name, int weekday) {
     for (auto& spelling :
          spellingsOfName(name, platform::NameLength::Short, calendar_.calendar().locale())) {
-        firstBytesOfWeekdays_.set(byteAt(spelling, 0));
+        weekdayWords_.add(spelling, weekday);
         weekdayShortNameMap_.emplace(std::move(spelling), weekday);
     }
 }
@@ -100,22 +96,18 @@ std::optional<DayCommand> DateCommandGrammar::readWord(std::string_view text,
 
 std::optional<DayCommand> DateCommandGrammar::readTyped(std::string_view typed,
                                                         const DayNames& names) const {
-    if (auto command = readTypedWord(typed, names)) return command;
-    for (const auto& pattern : compiledPatterns_)
-        if (auto fields = pattern.match(typed, names_))
-            if (auto command = commandOfFields(*fields)) return command;
-    return std::nullopt;
+    auto command = readTypedWord(typed, names);
+    for (auto pattern = compiledPatterns_.begin(); !command && pattern != compiledPatterns_.end();
+         ++pattern)
+        if (auto fields = pattern->match(typed, names_)) command = commandOfFields(*fields);
+    return command;
 }
 
 std::optional<DayCommand> DateCommandGrammar::readTypedWord(std::string_view typed,
                                                             const DayNames& names) const {
     if (typed.empty()) return std::nullopt;
     if (auto days = names.daysAhead(typed, letterCase_)) return DaysAhead{*days};
-    if (!firstBytesOfWeekdays_.test(byteAt(typed, 0))) return std::nullopt;
-    const std::string name(typed);
-    auto found = weekdayShortNameMap_.find(name);
-    if (found != weekdayShortNameMap_.end()) return NextWeekday{found->second};
-    if (auto weekday = weekdayNameBimap_.objectForKey(name)) return NextWeekday{*weekday};
+    if (auto weekday = weekdayWords_.find(typed)) return NextWeekday{*weekday};
     return std::nullopt;
 }
 

@@ -9,10 +9,10 @@
 #include "corvane/dates/DayNames.h"
 #include "corvane/dates/EXCalendar.h"
 #include "corvane/dates/EXDateOnly.h"
+#include "corvane/dates/WordTable.h"
 #include "corvane/toolkit/EXBimap.h"
 
 #include <array>
-#include <bitset>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -81,7 +81,7 @@ class DateCommandGrammar {
     std::array<std::string, 8> weekdayNameMap_;
     EXBimap<std::string, int> weekdayNameBimap_;
     std::unordered_map<std::string, int> weekdayShortNameMap_;
-    std::bitset<256> firstBytesOfWeekdays_;
+    WordTable weekdayWords_;  ///< Both kinds of names, the short ones first.
 };
 
 }  // namespace corvane

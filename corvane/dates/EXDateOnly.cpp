@@ -17,6 +17,12 @@ EXDateOnly dayOfCivil(const platform::CivilTime& civil) {
     return {civil.year, civil.month, civil.day};
 }
 
+/// REQUIRES: 0 <= number < 100.
+void writeTwoDigits(char* to, std::int64_t number) {
+    to[0] = static_cast<char>('0' + number / 10);
+    to[1] = static_cast<char>('0' + number % 10);
+}
+
 }  // namespace
 
 EXDateOnly::EXDateOnly(const platform::DateComponents& components)
@@ -74,7 +80,15 @@ EXDateOnly::Instant EXDateOnly::date() const {
 }
 
 std::string EXDateOnly::isoString() const {
-    return fmt::format("{:04d}-{:02d}-{:02d}", year(), month(), day());
+    const bool isOfTenPlaces = year() >= 0 && year() <= 9999 && month() < 100 && day() < 100;
+    if (!isOfTenPlaces) return fmt::format("{:04d}-{:02d}-{:02d}", year(), month(), day());
+    // Exports write thousands of them.
+    char text[] = "0000-00-00";
+    writeTwoDigits(text, year() / 100);
+    writeTwoDigits(text + 2, year() % 100);
+    writeTwoDigits(text + 5, month());
+    writeTwoDigits(text + 8, day());
+    return {text, sizeof text - 1};
 }
 
 std::string EXDateOnly::description() const {

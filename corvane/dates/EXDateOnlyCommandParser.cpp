@@ -1,11 +1,9 @@
 #include "corvane/dates/EXDateOnlyCommandParser.h"
 
+#include "corvane/dates/CurrentWeek.h"
 #include "corvane/dates/DateCommandGrammar.h"
 #include "corvane/dates/DayNames.h"
-#include "corvane/platform/Clock.h"
-#include "corvane/platform/TimeZone.h"
 
-#include <chrono>
 #include <utility>
 
 namespace corvane {
@@ -17,28 +15,44 @@ DayNames& dayNames() {
     return names;
 }
 
-/// The day in the zone in force. Finding it out takes longer than reading most texts, so it is kept
-/// for the second within which it cannot change.
-EXDateOnly today() {
-    struct Known {
-        platform::TimeZone zone;
-        std::chrono::sys_seconds second;
-        EXDateOnly day;
-    };
-    static std::optional<Known> known;
-    const auto now = platform::currentClock().now();
-    const auto second = std::chrono::floor<std::chrono::seconds>(now);
-    const auto& zone = platform::TimeZone::current();
-    if (!known || known->second != second || known->zone != zone)
-        known = Known{zone, second, EXDateOnly(now)};
-    return known->day;
+const CurrentWeek& currentWeek() {
+    static CurrentWeek week;
+    week.update();
+    return week;
 }
 
-/// Many texts say their day without asking which one today is.
-std::optional<EXDateOnly> dayOf(const std::optional<DayCommand>& command) {
-    if (!command) return std::nullopt;
-    if (const auto* day = std::get_if<EXDateOnly>(&*command)) return *day;
-    return dayOfCommand(*command, today(), EXDateOnlyCommandParser::grammar().calendar());
+using Read = std::optional<DayCommand> (DateCommandGrammar::*)(std::string_view,
+                                                               const DayNames&) const;
+
+/// False where the text says no day. Not as an optional, because handing those on from function to
+/// function takes as long as reading a word.
+bool readDay(std::string_view text, Read read, EXDateOnly& day) {
+    const auto& grammar = EXDateOnlyCommandParser::grammar();
+    const auto command = (grammar.*read)(text, dayNames());
+    if (!command) return false;
+    // Many texts say their day without asking which one today is.
+    if (const auto* said = std::get_if<EXDateOnly>(&*command)) {
+        day = *said;
+        return true;
+    }
+    const auto& week = currentWeek();
+    if (const auto* next = std::get_if<NextWeekday>(&*command)) {
+        day = week.nextWeekday(next->weekday);
+        return true;
+    }
+    if (const auto* ahead = std::get_if<DaysAhead>(&*command)) {
+        day = week.dayAhead(ahead->days);
+        return true;
+    }
+    const auto found = dayOfCommand(*command, week.today(), grammar.calendar());
+    day = found.value_or(day);
+    return found.has_value();
+}
+
+std::optional<EXDateOnly> dayOf(const std::optional<std::string_view>& text, Read read) {
+    EXDateOnly day;
+    const bool isDay = text && readDay(*text, read, day);
+    return isDay ? std::optional(day) : std::nullopt;
 }
 
 }  // namespace
@@ -77,17 +91,17 @@ std::optional<std::string> EXDateOnlyCommandParser::tomorrowShortName() {
 
 std::optional<EXDateOnly> EXDateOnlyCommandParser::dateOnlyFromCommand(
     std::optional<std::string_view> text) {
-    return text ? dayOf(grammar().readWord(*text, dayNames())) : std::nullopt;
+    return dayOf(text, &DateCommandGrammar::readWord);
 }
 
 std::optional<EXDateOnly> EXDateOnlyCommandParser::dateOnlyFromString(
     std::optional<std::string_view> text) {
-    return text ? dayOf(grammar().read(*text, dayNames())) : std::nullopt;
+    return dayOf(text, &DateCommandGrammar::read);
 }
 
 std::optional<std::string> EXDateOnlyCommandParser::commandForDateOnly(
     std::optional<EXDateOnly> day) {
-    return grammar().word(day, today(), dayNames());
+    return grammar().word(day, currentWeek().today(), dayNames());
 }
 
 const DateCommandGrammar& EXDateOnlyCommandParser::grammar() {

@@ -25,7 +25,7 @@ TEST(EXDateOnlyCommandParser, ReadsWhatALocaleWritesAndPeopleType) {
         {"de_DE", "10. März|10.märz|10. MÄRZ|10. MA\u0308RZ|10.3.|10.3|10.03|Di., 10. März|Mi,10. März", "2025-03-10"},
         {"de_DE", "10. Sept.|10. sept|10. September", "2024-09-10"}, {"de_DE", "10 März|10/3|10. Maerz", ""},
         {"de_AT", "10. Jän|10. Januar", "2025-01-10"}, {"cs_CZ", "5.7.24|5. 7.|5.7", "2024-07-05"}, {"es_ES", "mar", "2024-06-18"},
-        {"ar_EG", "١٠\u200F/٣\u200F/٢٤|10/3/24|\u202B10/3/2024\u202C", "2024-03-10"}, {"tr_TR", "SALI", "2024-06-18"},
+        {"ar_EG", "١٠\u200F/٣\u200F/٢٤|10/3/24|\u202B10/3/2024\u202C", "2024-03-10"}, {"tr_TR", "SALI", "2024-06-18"}, {"nl_NL", "ZA|ZATERDAG", "2024-06-15"},
         {"ru_RU", "10 мар. 24 г.|10 МАРТА 2024 г|10 марта 24|10.03.24", "2024-03-10"}, {"el_GR", "10 ΜΑΡΤΙΟΥ|10 μαρ", "2025-03-10"},
         {"ja_JP", "9月10日|9月10日(火)|９月１０日", "2024-09-10"}, {"mn_MN", "XII/05|12-р сарын 5", "2024-12-05"},
         {"ja_JP", "3月10日(火|3月10日[火]", ""}, {"vi_VN", "1 thg 12|1 tháng 12", "2024-12-01"},
@@ -78,6 +78,27 @@ TEST(EXDateOnlyCommandParser, NamesDaysNearTodayAndReadsThemBack) {
     EXPECT_EQ(Parser::dateOnlyFromString("6/12"), today);
     Parser::setTodayName(std::nullopt);
     EXPECT_FALSE(Parser::dateOnlyFromString("hodie"));
+}
+
+TEST(EXDateOnlyCommandParser, FollowsTheClockAndTheZone) {
+    using Parser = EXDateOnlyCommandParser;
+    const platform::ScopedLocale locale(platform::Locale("en_US"));
+    // Where the clocks were set back from 00:01 of the 29th, a Sunday, to 23:01 of the 28th.
+    const auto setBack = std::chrono::sys_days{std::chrono::year{2006} / 10 / 29} +
+                         std::chrono::minutes(2 * 60 + 31);
+    const std::tuple<const char*, int, int, int> cases[] = {
+        {"America/St_Johns", -61, 28, 29}, {"America/St_Johns", -60, 4, 29},
+        {"America/St_Johns", -1, 4, 29},   {"America/St_Johns", 0, 28, 29},
+        {"Europe/Berlin", 0, 4, 29},       {"America/St_Johns", 3540, 4, 29},
+        {"Europe/Berlin", -46800, 28, 29}, {"Pacific/Kiritimati", -46800, 4, 29}};
+    platform::FixedClock clock(setBack);
+    const platform::ScopedClock scope(clock);
+    for (const auto& [name, seconds, saturday, sunday] : cases) {
+        const platform::ScopedTimeZone zone(name);
+        clock.set(setBack + std::chrono::seconds(seconds) + std::chrono::microseconds(999'999));
+        EXPECT_EQ(Parser::dateOnlyFromString("sat")->day(), saturday) << name << seconds;
+        EXPECT_EQ(Parser::dateOnlyFromString("Sunday")->day(), sunday) << name << seconds;
+    }
 }
 
 }  // namespace
