@@ -9,7 +9,8 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
-#include <utility>
+#include <memory>
+#include <vector>
 
 namespace corvane {
 
@@ -113,8 +114,9 @@ constexpr DecodingTable kQueryDecoding = decodingTable(' ');
 /// Decodes coded text from its front on.
 class Decoder {
   public:
-    Decoder(std::string_view text, const DecodingTable& table)
-        : table_(table), at_(text.data()), end_(text.data() + text.size()) {}
+    /// REQUIRES: room at `to` for as many bytes as the text has.
+    Decoder(std::string_view text, const DecodingTable& table, char* to)
+        : table_(table), at_(text.data()), end_(text.data() + text.size()), to_(to) {}
 
     const char* position() const { return at_; }
 
@@ -125,52 +127,47 @@ class Decoder {
         return found;
     }
 
-    /// Appends what comes before the first byte of the kinds `ends`; false where that cannot be
+    /// Takes what comes before the first byte of the kinds `ends`; false where that cannot be
     /// decoded.
-    bool takeText(std::uint8_t ends, std::string& text) {
-        char buffer[kPiece];
+    bool takeText(std::uint8_t ends, std::string_view& text) {
+        const char* at = at_;
+        char* to = to_;
         unsigned char bits = 0;
-        for (bool ended = false; !ended;) {
-            const char* const pieceEnd = at_ + std::min<std::ptrdiff_t>(kPiece, end_ - at_);
-            ended = pieceEnd == end_;
-            char* to = buffer;
-            while (at_ < pieceEnd) {
-                auto byte = static_cast<unsigned char>(*at_);
-                const std::uint8_t kind = table_.kinds[byte] & (ends | kPercent);
-                if (kind == 0) {
-                    *to++ = table_.texts[byte];
-                    ++at_;
-                } else if (kind == kPercent) {
-                    const int coded = end_ - at_ < 3 ? -1 : byteOfDigits(at_ + 1);
-                    if (coded < 0) return false;
-                    byte = static_cast<unsigned char>(coded);
-                    *to++ = static_cast<char>(byte);
-                    at_ += 3;
-                } else {
-                    ended = true;
-                    break;
-                }
-                bits |= byte;
+        while (at < end_) {
+            auto byte = static_cast<unsigned char>(*at);
+            const std::uint8_t kind = table_.kinds[byte] & (ends | kPercent);
+            if (kind == 0) {
+                *to++ = table_.texts[byte];
+                ++at;
+            } else if (kind == kPercent) {
+                const int coded = end_ - at < 3 ? -1 : byteOfDigits(at + 1);
+                if (coded < 0) return false;
+                byte = static_cast<unsigned char>(coded);
+                *to++ = static_cast<char>(byte);
+                at += 3;
+            } else {
+                break;
             }
-            text.append(buffer, to);
+            bits |= byte;
         }
+        text = {to_, to};
+        at_ = at;
+        to_ = to;
         return !(bits & 0x80) || platform::isUTF8(text);
+    }
+
+    /// Takes one parameter; false where it cannot be decoded.
+    bool takeParameter(EXURLQuery::Parameter& parameter) {
+        return takeText(kBetweenParameters | kBehindKey, parameter.first) &&
+               (!take('=') || takeText(kBetweenParameters, parameter.second.emplace()));
     }
 
   private:
     const DecodingTable& table_;
     const char* at_;
     const char* end_;
+    char* to_;
 };
-
-/// Takes one parameter; false where it cannot be decoded.
-bool takeParameter(Decoder& decoder, EXURLParser::Query& query) {
-    std::string key;
-    if (!decoder.takeText(kBetweenParameters | kBehindKey, key)) return false;
-    auto& value = query[std::move(key)];
-    value.reset();
-    return !decoder.take('=') || decoder.takeText(kBetweenParameters, value.emplace());
-}
 
 }  // namespace
 
@@ -187,20 +184,23 @@ std::string EXURLParser::percentEncodeParameter(std::string_view text) {
 }
 
 std::optional<std::string> EXURLParser::percentDecodeParameter(std::string_view text) {
-    std::optional<std::string> result(std::in_place);
-    if (!Decoder(text, kParameterDecoding).takeText(0, *result)) result.reset();
+    std::string result(text.size(), '\0');
+    std::string_view decoded;
+    if (!Decoder(text, kParameterDecoding, result.data()).takeText(0, decoded)) return std::nullopt;
+    result.resize(decoded.size());
     return result;
 }
 
 std::optional<EXURLParser::Query> EXURLParser::parseQuery(std::optional<std::string_view> query,
                                                           platform::Error* error) {
-    std::optional<Query> parameters(std::in_place);
-    if (!query) return parameters;
-    Decoder decoder(*query, kQueryDecoding);
+    if (!query) return Query();
+    const auto texts = std::make_shared_for_overwrite<char[]>(query->size());
+    std::vector<Query::Parameter> parameters;
+    Decoder decoder(*query, kQueryDecoding, texts.get());
     const char* start;
     do {
         start = decoder.position();
-        if (takeParameter(decoder, *parameters)) continue;
+        if (decoder.takeParameter(parameters.emplace_back())) continue;
         if (error) {
             *error = {"url", EINVAL,
                       fmt::format("the query's parameter at byte {} is not percent-encoded UTF-8",
@@ -208,7 +208,7 @@ std::optional<EXURLParser::Query> EXURLParser::parseQuery(std::optional<std::str
         }
         return std::nullopt;
     } while (decoder.take('&'));
-    return parameters;
+    return Query(texts, parameters);
 }
 
 }  // namespace corvane

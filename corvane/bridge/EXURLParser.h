@@ -2,10 +2,9 @@
 // one comes in. Functions without state; any thread.
 #pragma once
 
+#include "corvane/bridge/EXURLQuery.h"
 #include "corvane/platform/Error.h"
 
-#include <functional>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,8 +24,7 @@ namespace corvane {
 ///     EXURLParser::parseQuery("a=%ZZ")                    // none: cannot be decoded
 class EXURLParser {
   public:
-    /// Values by key. A key without a value is there with none, which is not the empty text.
-    using Query = std::map<std::string, std::optional<std::string>, std::less<>>;
+    using Query = EXURLQuery;
 
     /// As forms are encoded: a space becomes "+", and every byte becomes "%XX" that is no ASCII
     /// letter or digit and none of "-._~". The text ends before its first zero byte.

@@ -5,6 +5,7 @@
 #include "corvane/platform/Clock.h"
 #include "corvane/platform/Console.h"
 #include "corvane/platform/DirectoryListing.h"
+#include "corvane/platform/FileReplacement.h"
 #include "corvane/platform/Files.h"
 #include "corvane/platform/KeyedArchiver.h"
 #include "corvane/platform/KeyedUnarchiver.h"
@@ -48,6 +49,12 @@ HGInsertQueue::TaskProxies readBatch(const platform::URL& file) {
     for (const EXValue& item : root.list()->items)
         if (auto task = item.objectAs<HGTaskProxy>()) tasks.push_back(std::move(task));
     return tasks;
+}
+
+/// What companions left in the container that were killed while they added a batch.
+void removeAbandonedBatches() {
+    const auto root = HGSharedContainer::defaultContainer().rootURL();
+    if (const auto path = root ? root->path() : std::nullopt) platform::removeAbandonedFiles(*path);
 }
 
 }  // namespace
@@ -105,6 +112,7 @@ std::optional<std::vector<platform::URL>> HGInsertQueue::allTaskProxiesFileURLs(
 }
 
 HGInsertQueue::TaskProxies HGInsertQueue::pollAllTaskProxies() const {
+    removeAbandonedBatches();
     TaskProxies tasks;
     for (const platform::URL& file :
          allTaskProxiesFileURLs().value_or(std::vector<platform::URL>())) {
@@ -117,6 +125,7 @@ HGInsertQueue::TaskProxies HGInsertQueue::pollAllTaskProxies() const {
 
 bool HGInsertQueue::pollAllTaskProxies(
     const std::function<bool(const std::vector<Batch>& batches)>& store) const {
+    removeAbandonedBatches();
     auto files = allTaskProxiesFileURLs();
     if (!files) return true;
     std::vector<Batch> batches;

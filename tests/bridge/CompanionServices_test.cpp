@@ -4,10 +4,12 @@
 #include "corvane/bridge/HGLocation.h"
 #include "corvane/bridge/NXEnvironment.h"
 #include "corvane/bridge/WatchExchange.h"
+#include "corvane/platform/Bookmark.h"
 #include "corvane/platform/CloudContainer.h"
 #include "corvane/platform/ComputerName.h"
 #include "corvane/platform/Console.h"
 #include "corvane/platform/FileItemProvider.h"
+#include "corvane/platform/KeyedArchiver.h"
 #include "corvane/platform/MainBundle.h"
 
 #include "tests/support/BridgeSamples.h"
@@ -119,6 +121,19 @@ TEST(EXDevice, ABookmarkFollowsItsFile) {
         damaged[i] ^= std::byte{0x91};
         EXDevice::accessSecureBookmark(damaged, {});  // whatever it gives
         EXPECT_FALSE(EXDevice::accessSecureBookmark(std::span(damaged).first(i), {}));
+    }
+    const std::pair<EXValue, int> refused[] = {
+        {platform::ValueMap{{{"version", 2}}}, 2},
+        {platform::ValueMap{{{"version", 1}, {"url", URL("file:///")}, {"inode", 1}}}, 1},
+        {platform::ValueMap{
+             {{"version", 1}, {"url", URL("file:relative")}, {"inode", 1}, {"isDirectory", false}}},
+         1},
+        {"version", 1}};
+    for (const auto& [content, code] : refused) {
+        platform::Error error;
+        const auto data = platform::KeyedArchiver::archivedData(content).value();
+        EXPECT_FALSE(platform::resolveBookmark(data, &error));
+        EXPECT_EQ(std::pair(error.domain, error.code), std::pair(std::string("bookmark"), code));
     }
 }
 

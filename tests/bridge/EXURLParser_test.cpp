@@ -2,14 +2,24 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <random>
 
 namespace corvane {
 namespace {
 
-using Query = EXURLParser::Query;
+using Query = std::map<std::string, std::optional<std::string>>;
 constexpr auto parameter = EXURLParser::percentEncodeParameter;
 constexpr auto plus = EXURLParser::percentPlusEncodeString;
+
+std::optional<Query> parsed(std::optional<std::string_view> text) {
+    const auto query = EXURLParser::parseQuery(text);
+    if (!query) return std::nullopt;
+    Query result;
+    for (const auto& [key, value] : *query)
+        EXPECT_TRUE(result.try_emplace(std::string(key), value).second) << key;
+    return result;
+}
 
 TEST(EXURLParser, ParsesEveryPieceOrNothing) {
     const std::string cases[][3] = {
@@ -25,10 +35,10 @@ TEST(EXURLParser, ParsesEveryPieceOrNothing) {
         {"a=1&a&b&b=2&b=&&x=1=2", {{"a", {}}, {"b", ""}, {"", {}}, {"x", "1=2"}}},
         {"%26+%3d=%c3%BC&=ü", {{"& =", "ü"}, {"", "ü"}}}};
     for (const auto& [query, parameters] : readable)
-        EXPECT_EQ(EXURLParser::parseQuery(query), parameters);
+        EXPECT_EQ(parsed(query), parameters);
     const std::string_view unreadable[] = {"a=%ZZ", {"%41", 2}, "%4&41", "%C3&b=%BC", "\xC3=1"};
     for (const auto query : unreadable)
-        EXPECT_FALSE(EXURLParser::parseQuery(query)) << query;
+        EXPECT_FALSE(parsed(query)) << query;
     EXPECT_EQ(EXURLParser::percentDecodeParameter("a+b%2b"), "a+b+");
 }
 
@@ -42,9 +52,28 @@ TEST(EXURLParser, WhatIsEncodedComesBackWhereItIsText) {
         if (round % 2) text.insert(random() % (text.size() + 1), 1, '\xFF');
         for (const auto& [value, code] :
              {std::pair(text, parameter(text)), {text.substr(0, text.find('\0')), plus(text)}})
-            EXPECT_EQ(EXURLParser::parseQuery(code + "=" + code).value_or(Query()),
+            EXPECT_EQ(parsed(code + "=" + code).value_or(Query()),
                       value.find('\xFF') == value.npos ? Query({{value, value}}) : Query());
     }
+}
+
+TEST(EXURLParser, AnswersByKeyForAsLongAsTheQueryLives) {
+    std::string text;
+    for (int i = 0; i < 500; ++i)
+        text += "longer-key" + std::to_string(i * 7 % 400) + "=" + std::to_string(i) + "&";
+    EXURLQuery query;
+    {
+        const auto original = EXURLParser::parseQuery(std::string(text)).value();
+        query = original;
+    }
+    text.clear();
+    EXPECT_EQ(query.size(), 401U);
+    for (int i = 100; i < 500; ++i)
+        EXPECT_EQ(query.at("longer-key" + std::to_string(i * 7 % 400)), std::to_string(i));
+    EXPECT_TRUE(query.contains("") && !query.contains("longer-key"));
+    EXPECT_THROW(query.at("longer-key400"), std::out_of_range);
+    EXPECT_TRUE(EXURLQuery().empty() && EXURLQuery() != query);
+    EXPECT_TRUE(std::is_sorted(query.begin(), query.end()));
 }
 
 }  // namespace
