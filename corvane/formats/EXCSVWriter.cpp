@@ -6,6 +6,7 @@
 #include "corvane/platform/TemporaryDirectory.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace corvane {
 
@@ -17,33 +18,57 @@ using Keys = std::span<const std::string>;
 constexpr std::string_view kTerminator = "\x1C\n";
 constexpr std::string_view kQuote = "\"";
 
-void putQuoted(TextBuffer& buffer, std::string_view text) {
-    buffer.put(kQuote);
-    for (std::size_t quote; (quote = text.find(kQuote)) != text.npos; text.remove_prefix(quote + 1))
+/// Asked for before the first of them is written, so that they come from memory at one time.
+constexpr std::size_t kRowsAtOnce = 32;
+
+void putQuoted(TextBuffer& buffer, std::string_view separator, std::string_view text) {
+    auto quote = text.find(kQuote);
+    if (quote == text.npos) {
+        buffer.put(separator, kQuote, text, kQuote);
+        return;
+    }
+    buffer.put(separator, kQuote);
+    for (; quote != text.npos; quote = text.find(kQuote)) {
         buffer.put(text.substr(0, quote + 1), kQuote);
+        text.remove_prefix(quote + 1);
+    }
     buffer.put(text, kQuote);
 }
 
-/// Whether the value has a text. Kinds other than text and day have none.
-bool putField(TextBuffer& buffer, const EXValue& value, std::string_view separator) {
-    if (const auto text = value.text()) {
-        buffer.put(separator);
-        putQuoted(buffer, *text);
+/// What a record shows for a key.
+struct Field {
+    std::optional<std::string_view> text;
+    EXValue value;  ///< Null where the record holds the text.
+};
+
+Field fieldOf(const EXKeyValueRows& rows, std::size_t index, std::string_view key) {
+    Field field{rows.heldTextForKey(key, index), {}};
+    if (!field.text) {
+        field.value = rows.valueForKey(key, index);
+        field.text = field.value.text();
+    }
+    // Texts may lie anywhere in memory, from where they take longer than the writing itself.
+    if (field.text) __builtin_prefetch(field.text->data());
+    return field;
+}
+
+/// Whether the field has a text. Kinds other than text and day have none.
+bool putField(TextBuffer& buffer, std::string_view separator, const Field& field) {
+    if (field.text) {
+        putQuoted(buffer, separator, *field.text);
         return true;
     }
-    const auto* day = value.day();
+    const auto* day = field.value.day();
     buffer.put(separator, day ? day->isoString() : std::string());
     return day != nullptr;
 }
 
 /// A field is set off only where its line holds text already: what is missing at the start of a
 /// line shifts the fields after it to the left. The readers of these files know it so.
-void putRow(TextBuffer& buffer, const EXKeyValueRows& rows, std::size_t index, Keys keys) {
+void putRow(TextBuffer& buffer, std::span<const Field> fields) {
     bool isEmpty = true;
-    for (const auto& key : keys) {
-        const auto value = rows.valueForKey(key, index);
-        if (putField(buffer, value, isEmpty ? "" : EXCSVWriterSeparator)) isEmpty = false;
-    }
+    for (const auto& field : fields)
+        if (putField(buffer, isEmpty ? "" : EXCSVWriterSeparator, field)) isEmpty = false;
     buffer.put(kTerminator);
 }
 
@@ -55,8 +80,16 @@ bool writeText(platform::ByteSink& sink, const EXKeyValueRows& rows, Keys keys) 
         separator = EXCSVWriterSeparator;
     }
     bool isTaken = buffer.put(kTerminator);
-    for (std::size_t index = 0; isTaken && index < rows.count(); ++index) {
-        putRow(buffer, rows, index, keys);
+    std::vector<Field> fields;
+    const std::size_t count = rows.count();
+    for (std::size_t index = 0; isTaken && index < count;) {
+        const std::size_t end = std::min(index + kRowsAtOnce, count);
+        fields.clear();
+        for (std::size_t row = index; row < end; ++row)
+            for (const auto& key : keys)
+                fields.push_back(fieldOf(rows, row, key));
+        for (std::size_t row = 0; index < end; ++index, ++row)
+            putRow(buffer, std::span(fields).subspan(row * keys.size(), keys.size()));
         isTaken = buffer.put("");
     }
     return buffer.flush();
