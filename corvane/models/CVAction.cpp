@@ -1,0 +1,26 @@
+#include "corvane/models/CVAction.h"
+
+#include "corvane/views/Button.h"
+#include "corvane/views/SegmentedControl.h"
+
+namespace corvane {
+
+void CVAction::actionInvoked(const Sender& sender) {
+    auto* const* view = std::get_if<views::View*>(&sender);
+    auto* segments = view ? dynamic_cast<views::SegmentedControl*>(*view) : nullptr;
+    if (!segments) return;
+    // -1, where none is selected, becomes one beyond every end.
+    const auto selected = static_cast<std::size_t>(segments->selectedSegment());
+    if (selected >= subActions_.size()) return;
+    // It may change what the sub-actions are.
+    if (const auto action = subActions_[selected]) action->actionInvoked(sender);
+}
+
+void CVAction::createImageButtonForCustomView() {
+    auto button = std::make_shared<views::Button>();
+    button->setBezelStyle(views::BezelStyle::TexturedRounded);
+    if (icon_) button->setImage(icon_);
+    customView_ = std::move(button);
+}
+
+}  // namespace corvane
