@@ -139,6 +139,12 @@ struct Rows final : EXKeyValueRows {
     EXValue valueForKey(std::string_view key, std::size_t index) const override {
         return maps[index].find(key) ? *maps[index].find(key) : EXValue();
     }
+    /// Some are shown without a copy, others boxed.
+    std::optional<std::string_view> heldTextForKey(std::string_view key,
+                                                   std::size_t index) const override {
+        const auto* value = key == "title" ? maps[index].find(key) : nullptr;
+        return value ? value->text() : std::nullopt;
+    }
 };
 
 TEST(EXCSVWriter, WritesTheseBytesAndShowsThem) {
