@@ -18,11 +18,6 @@ namespace corvane::backup {
 
 namespace {
 
-// Beyond any honest document; without them a small file could ask for any amount of memory.
-constexpr std::size_t kLargestDocument = std::size_t{256} << 20;
-constexpr std::size_t kMostElements = 4'000'000;
-constexpr std::size_t kMostRecords = 500'000;
-
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kXMLSpace = " \t\r\n";
 
@@ -70,8 +65,8 @@ Unknown& unknownOf(Record& record, std::size_t part) {
 
 class Reading {
   public:
-    explicit Reading(std::string_view bytes)
-        : bytes_(bytes), parser_(XML_ParserCreate("UTF-8"), XML_ParserFree) {
+    Reading(std::string_view bytes, const DocumentLimits& limits)
+        : bytes_(bytes), limits_(limits), parser_(XML_ParserCreate("UTF-8"), XML_ParserFree) {
         if (!parser_) throw std::bad_alloc();
         frames_.reserve(kDeepestNesting);  // so that a frame stays where it is
         XML_SetUserData(parser_.get(), this);
@@ -92,7 +87,7 @@ class Reading {
     }
 
     std::variant<BackupDocument, Problem> read() {
-        if (bytes_.size() > kLargestDocument) return Problem{1, 1, "too large for a document"};
+        if (bytes_.size() > limits_.bytes) return Problem{1, 1, "too large for a document"};
         const auto status =
             XML_Parse(parser_.get(), bytes_.data(), static_cast<int>(bytes_.size()), XML_TRUE);
         if (failure_) std::rethrow_exception(failure_);
@@ -148,7 +143,7 @@ class Reading {
 
     void begin(const char* name, const char** attributes) {
         if (frames_.size() == kDeepestNesting) refuse("nested too deeply");
-        if (++elements_ > kMostElements) refuse("too many elements");
+        if (++elements_ > limits_.elements) refuse("too many elements");
         if (frames_.empty()) return beginDocument(name, attributes);
         Frame& parent = frames_.back();
         switch (parent.kind) {
@@ -233,7 +228,7 @@ class Reading {
             return beginUnknown(unknownOf(owner, parent.part), collection.count(owner), name,
                                 attributes);
         }
-        if (++records_ > kMostRecords) refuse("too many records");
+        if (++records_ > limits_.records) refuse("too many records");
         Frame& frame = push(Frame::Kind::Record);
         frame.record = &collection.add(owner);
         frame.layout = collection.records;
@@ -350,15 +345,22 @@ class Reading {
 
     /// What stood behind an element that will not be written stands behind the one before it.
     void endRecord(Frame& frame) {
-        for (auto& element : frame.record->unknown.elements)
-            while (element.after > 0 && !isWritten(*frame.record, *frame.layout, element.after - 1))
-                --element.after;
         auto& elements = frame.record->unknown.elements;
+        if (elements.empty()) return;
+        // Once a part, not once an element: to ask copies the part's text, of any length.
+        std::vector<std::size_t> places{0};
+        for (std::size_t part = 0; part < frame.layout->parts.size(); ++part) {
+            const bool stays = isWritten(*frame.record, *frame.layout, part);
+            places.push_back(stays ? part + 1 : places.back());
+        }
+        for (auto& element : elements)
+            element.after = places[element.after];
         std::stable_sort(elements.begin(), elements.end(),
                          [](const auto& a, const auto& b) { return a.after < b.after; });
     }
 
     std::string_view bytes_;
+    DocumentLimits limits_;
     std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser_;
     BackupDocument document_;
     std::vector<Frame> frames_;
@@ -375,8 +377,9 @@ std::string Problem::text() const {
     return fmt::format("{}:{}: {}", line, column, message);
 }
 
-std::variant<BackupDocument, Problem> readBackupDocument(std::string_view bytes) {
-    return Reading(bytes).read();
+std::variant<BackupDocument, Problem> readBackupDocument(std::string_view bytes,
+                                                         const DocumentLimits& limits) {
+    return Reading(bytes, limits).read();
 }
 
 }  // namespace corvane::backup

@@ -4,6 +4,7 @@
 #include "corvane/platform/TextEncoding.h"
 
 #include "apps/document/BackupLayout.h"
+#include "apps/document/BackupReader.h"
 #include "apps/document/XMLText.h"
 
 #include <fmt/format.h>
@@ -19,19 +20,48 @@ struct Unwritable : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// What is beyond could not be read again.
+constexpr DocumentLimits kLimits;
+
+class BoundedSink final : public platform::ByteSink {
+  public:
+    explicit BoundedSink(platform::ByteSink& beyond) : beyond_(beyond) {}
+
+    bool write(std::span<const std::byte> piece) override {
+        size_ += piece.size();
+        return !isFull() && beyond_.write(piece);
+    }
+    bool isFull() const { return size_ > kLimits.bytes; }
+
+  private:
+    platform::ByteSink& beyond_;
+    std::size_t size_ = 0;
+};
+
 class Writing {
   public:
-    explicit Writing(platform::ByteSink& sink) : writer_(sink) {}
+    explicit Writing(platform::ByteSink& sink) : sink_(sink), writer_(sink_) {}
 
     bool write(const BackupDocument& document) {
         writer_.openAutoCreating(false);
         writeRecord(document, documentLayout());
-        return writer_.close();
+        const bool isWritten = writer_.close();
+        if (sink_.isFull()) throw Unwritable("too large for a document");
+        return isWritten;
     }
 
   private:
+    void countElement() {
+        if (++elements_ > kLimits.elements) throw Unwritable("too many elements for a document");
+    }
+
+    void countRecord() {
+        if (++records_ > kLimits.records) throw Unwritable("too many records for a document");
+    }
+
     /// Attributes with their values as they are to be written.
     void start(std::string_view name, const XMLAttributes& attributes) {
+        countElement();
         std::vector<EXXMLWriter::Attribute> written;
         for (const auto& [key, value] : attributes)
             written.push_back({key, value});
@@ -96,6 +126,7 @@ class Writing {
         for (std::size_t i = 0; i < part.count(owner); ++i) {
             for (; element != unknown->elements.end() && element->after <= i; ++element)
                 writeUnknown(element->node);
+            countRecord();
             writeRecord(part.at(owner, i), *part.records);
         }
         for (; element != unknown->elements.end(); ++element)
@@ -110,6 +141,7 @@ class Writing {
             !mapping || value.isNull() || mapping->objectForKey(value.integerValue()).has_value();
         const auto text = value.text();
         if (!unknown && named && !(text && (needsEscape(*text) || hasMarkup(*text)))) {
+            countElement();
             writer_.writeElementWithValueContent(field.name, value, field.type, mapping);
         } else {
             writeUncommonField(field, value, mapping, named, unknown);
@@ -204,7 +236,10 @@ class Writing {
         }
     }
 
+    BoundedSink sink_;
     EXXMLWriter writer_;
+    std::size_t elements_ = 0;
+    std::size_t records_ = 0;
 };
 
 }  // namespace

@@ -12,8 +12,8 @@
 namespace corvane::backup {
 
 /// Whether the sink has taken the whole document. An error tells what of the document cannot be
-/// written: a text that is not UTF-8, a day or time whose ISO text means another or none. The
-/// error's place stays empty where the sink refused.
+/// written: a text that is not UTF-8, a day or time whose ISO text means another or none, more than
+/// a reader takes. The error's place stays empty where the sink refused.
 bool writeBackupDocument(const BackupDocument& document, platform::ByteSink& sink,
                          std::optional<platform::Error>& error);
 

@@ -1,6 +1,7 @@
 // The backup document: what is written comes back, what is not known stays, what is wrong is told.
 #include "apps/document/BackupFile.h"
 #include "apps/document/BackupLayout.h"
+#include "apps/document/BackupReader.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -145,6 +146,24 @@ TEST(BackupDocument, IsRefusedWholeWithThePlace) {
         platform::Error error;
         EXPECT_FALSE(parseBackupDocument(c.content, "d", &error)) << c.content;
         EXPECT_THAT(error.message, HasSubstr(c.problem)) << c.content;
+    }
+}
+
+TEST(BackupDocument, IsRefusedBeyondTheLimits) {
+    const std::string content =
+        "<backup version='1'>\n<tasks>\n<task uri='a'><n/></task>\n<task "
+        "uri='b'/></tasks></backup>";
+    const auto size = content.size();
+    const std::pair<DocumentLimits, const char*> cases[] = {
+        {{size, 5, 2}, ""},
+        {{size - 1, 5, 2}, "1:1: too large for a document"},
+        {{size, 4, 2}, "4:1: too many elements"},
+        {{size, 3, 2}, "3:15: too many elements"},
+        {{size, 5, 1}, "4:1: too many records"}};
+    for (const auto& [limits, problem] : cases) {
+        const auto result = readBackupDocument(content, limits);
+        const auto* refusal = std::get_if<Problem>(&result);
+        EXPECT_EQ(refusal ? refusal->text() : "", problem);
     }
 }
 
