@@ -22,7 +22,14 @@ enum class View { Inbox, Today, Next, WaitingFor };
 void runShow(View view, Format format);
 void runProjects(Format format);
 void runCategories(Format format);
-void runTasks(const std::optional<std::string>& project, Format format);
+
+/// Of a document where one is named, in sections; else of what was published.
+struct TasksQuestion {
+    std::optional<std::string> project;
+    std::optional<std::string> document;
+    bool byStatus = false;  ///< else by project
+};
+void runTasks(const TasksQuestion& question, Format format);
 
 struct NewTask {
     std::string title;
@@ -42,6 +49,7 @@ struct WhenQuestion {
     std::string text;
     std::optional<platform::Locale> locale;  ///< Of the formats and of the language.
     std::optional<EXDateOnly> today;
+    bool field = false;  ///< As a date field reads it.
 };
 void runWhen(const WhenQuestion& question, Format format);
 

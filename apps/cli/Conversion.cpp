@@ -7,6 +7,7 @@
 #include "apps/cli/DocumentIndex.h"
 #include "apps/cli/QueuedTask.h"
 #include "apps/cli/RepositoryBuilder.h"
+#include "apps/cli/TaskCodes.h"
 #include "apps/cli/TextOutput.h"
 #include "apps/cli/TodoDocument.h"
 #include "apps/document/BackupLayout.h"
@@ -49,7 +50,11 @@ bool saysNothing(const Part& field, const EXValue& value) {
 class Comparison {
   public:
     Comparison(const BackupDocument& whole, const BackupDocument& held)
-        : whole_(whole), held_(held), wholeIndex_(whole), heldIndex_(held) {}
+        : whole_(whole),
+          held_(held),
+          general_(generalProject(whole)),
+          wholeIndex_(whole),
+          heldIndex_(held) {}
 
     std::vector<std::string> losses() {
         for (const Part& part : backup::documentLayout().parts)
@@ -81,7 +86,7 @@ class Comparison {
     /// The general project needs no tasks to be there.
     void compare(const Record& record, ByName& counterparts, const RecordLayout& layout) {
         const std::string name = nameOf(record, layout);
-        auto found = counterparts.find(&record == generalProject(whole_) ? name : heldName(name));
+        auto found = counterparts.find(&record == general_ ? name : heldName(name));
         if (found == counterparts.end()) {
             lose(layout, name, "is left out");
         } else if (!found->second) {
@@ -108,6 +113,9 @@ class Comparison {
     }
 
     static std::string nameOf(const Record& record, const RecordLayout& layout) {
+        if (layout.element == HGBackupElementContributor) {
+            return cli::nameOf(static_cast<const backup::Contributor&>(record));
+        }
         const Part* field = fieldNamed(layout, HGTaskTitleRawKey);
         if (!field) field = fieldNamed(layout, HGProjectNameRawKey);
         return std::string(field->get(record).text().value_or(""));
@@ -119,7 +127,8 @@ class Comparison {
         for (const Part& part : layout.parts) {
             if (part.isCollection()) {
                 addMissingRecords(missing, part, record, held);
-            } else if (!saysNothing(part, part.get(record)) && !isHeld(part, record, held)) {
+            } else if (const EXValue value = valueIn(record, part, layout);
+                       !saysNothing(part, value) && !isHeld(part, value, held)) {
                 missing.push_back(label(part.name));
             }
         }
@@ -141,8 +150,16 @@ class Comparison {
         return value;
     }
 
-    bool isHeld(const Part& field, const Record& record, const Record& held) const {
-        return referred(wholeIndex_, field.name, field.get(record)) ==
+    /// A task without status is actionable, which a list cannot say of every one.
+    static EXValue valueIn(const Record& record, const Part& field, const RecordLayout& layout) {
+        EXValue value = field.get(record);
+        const bool isStatus =
+            field.name == HGTaskStatusRawKey && layout.element == HGBackupElementTask;
+        return isStatus && value.isNull() ? EXValue(kActionableStatus) : value;
+    }
+
+    bool isHeld(const Part& field, const EXValue& value, const Record& held) const {
+        return referred(wholeIndex_, field.name, value) ==
                referred(heldIndex_, field.name, field.get(held));
     }
 
@@ -174,6 +191,7 @@ class Comparison {
 
     const BackupDocument& whole_;
     const BackupDocument& held_;
+    const backup::Project* const general_;
     const DocumentIndex wholeIndex_;
     const DocumentIndex heldIndex_;
     std::vector<std::string> losses_;

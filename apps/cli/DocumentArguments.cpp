@@ -1,51 +1,27 @@
 #include "apps/cli/DocumentArguments.h"
 
-#include "corvane/platform/TextEncoding.h"
-
+#include "apps/cli/ArgumentChecks.h"
 #include "apps/cli/DocumentCommands.h"
 #include "apps/document/BackupFile.h"
 
-#include <map>
-#include <optional>
 #include <variant>
 
 namespace corvane::cli {
 
 namespace {
 
-constexpr const char* kMainApplication = "As the main application";
-constexpr const char* kCompanion = "As a companion";
 constexpr const char* kCommands = "Commands";
 
-const std::map<std::string, View> kViews{{"inbox", View::Inbox},
-                                         {"today", View::Today},
-                                         {"next", View::Next},
-                                         {"waiting-for", View::WaitingFor}};
-
-std::string checkText(const std::string& text) {
-    return platform::isUTF8(text) ? "" : "the text is not UTF-8";
-}
-
-std::string checkNotEmpty(const std::string& text) {
-    return text.empty() ? "the text is empty" : checkText(text);
-}
-
 std::string checkDocument(const std::string& text) {
-    return backup::isBackupPath(text) ? "" : "'" + text + "' is no document: it ends in .cvbx";
-}
-
-std::string checkView(const std::string& text) {
-    return kViews.contains(text) ? "" : "there is no view '" + text + "'";
+    return backup::isBackupPath(text)
+               ? ""
+               : "'" + text + "' is not a document: its name does not end in .cvbx";
 }
 
 std::string checkURL(const std::string& text) {
     const auto request = schemeRequestOf(text);
     const auto* complaint = std::get_if<std::string>(&request);
     return complaint ? *complaint : "";
-}
-
-std::optional<std::string> given(const std::string& text) {
-    return text.empty() ? std::nullopt : std::optional(text);
 }
 
 CLI::Option* addPositional(CLI::App* command, const char* name, std::string& value,
@@ -102,9 +78,27 @@ void addChangeCommands(CLI::App& app, DocumentArguments& arguments, const Comman
     addPositional(set, "FIELD", arguments.field, "Such as title, notes, due, status, project");
     set->add_option("VALUE", arguments.value, "What it becomes; empty to clear it")
         ->required()
-        ->check(checkText)
+        ->check(checkUTF8)
         ->type_name("");
     addFileOption(set, arguments);
+}
+
+void addDetailCommand(CLI::App& app, DocumentArguments& arguments, const CommandAdder& add) {
+    auto* detail =
+        add(app, kMainApplication, "detail", "Show the form of a task, or set a field", [&] {
+            arguments.detail.file = arguments.file;
+            runDetail(arguments.detail, arguments.format());
+        });
+    addPositional(detail, "URI", arguments.detail.uri, "The task's; \"new\" for one to be added");
+    auto* field = detail->add_option("FIELD", arguments.detail.field, "What to set, as shown");
+    field->check(checkNotEmpty)->type_name("");
+    auto* value =
+        detail->add_option("VALUE", arguments.detail.value, "What it becomes; empty to clear it");
+    value->check(checkUTF8)->type_name("");
+    field->needs(value);
+    addFileOption(detail, arguments);
+    detail->add_flag("--json", arguments.json, "Show the form as JSON instead of text")
+        ->excludes(field);
 }
 
 void addOpenCommand(CLI::App& app, DocumentArguments& arguments, const CommandAdder& add) {
@@ -121,7 +115,7 @@ void addWatchCommands(CLI::App& app, DocumentArguments& arguments, const Command
     watch->require_subcommand(1)->fallthrough();
     auto* request =
         add(*watch, kCommands, "request", "Get the shared info by message, and show a view", [&] {
-            runWatchRequest(kViews.at(arguments.view), given(arguments.into), arguments.format());
+            runWatchRequest(views().at(arguments.view), given(arguments.into), arguments.format());
         });
     request->add_option("VIEW", arguments.view, "inbox, today (unless given), next or waiting-for")
         ->check(checkView)
@@ -142,6 +136,7 @@ void addWatchCommands(CLI::App& app, DocumentArguments& arguments, const Command
 void addDocumentCommands(CLI::App& app, DocumentArguments& arguments, const CommandAdder& add) {
     addFileCommands(app, arguments, add);
     addChangeCommands(app, arguments, add);
+    addDetailCommand(app, arguments, add);
     addOpenCommand(app, arguments, add);
     addWatchCommands(app, arguments, add);
 }

@@ -1,8 +1,7 @@
 // The arguments of the commands for documents.
 #pragma once
 
-#include "apps/cli/Commands.h"
-#include "apps/cli/SchemeURL.h"
+#include "apps/cli/DocumentCommands.h"
 
 #include <CLI/CLI.hpp>
 
@@ -20,6 +19,7 @@ struct DocumentArguments {
     std::string url;
     std::string view = "today";
     std::string into;
+    DetailQuestion detail;
     bool replaces = false;
     bool json = false;
 

@@ -9,6 +9,8 @@
 #include "apps/cli/Container.h"
 #include "apps/cli/Failure.h"
 #include "apps/cli/Publisher.h"
+#include "apps/cli/RecordsByName.h"
+#include "apps/cli/Recurrence.h"
 #include "apps/cli/TaskCodes.h"
 #include "apps/cli/TextOutput.h"
 #include "apps/document/BackupFile.h"
@@ -30,11 +32,7 @@ std::optional<std::string> containerInUse() {
 
 }  // namespace
 
-void changeDocument(const std::string& file,
-                    const std::function<bool(backup::BackupDocument&)>& change) {
-    if (!backup::isBackupPath(file)) {
-        throw Failure(fmt::format("'{}' is not a document: its name does not end in .cvbx", file));
-    }
+void changeDocument(const std::string& file, const DocumentChange& change) {
     platform::Error error;
     const auto path = platform::resolvedPath(file, &error);
     if (!path) throw Failure(error);
@@ -45,13 +43,15 @@ void changeDocument(const std::string& file,
     runInActivity("Changing the tasks", [&] {
         auto document = backup::loadBackupDocument(*path, &error);
         if (!document) throw Failure(error);
-        if (!change(*document)) return;
+        const auto report = change(*document);
+        if (!report) return;
         failOn(backup::saveBackupDocument(*document, *path));
+        print(*report);
         if (container) publishAgain(*document);
     });
 }
 
-bool completeTask(backup::BackupDocument& document, const backup::URL& uri) {
+std::optional<std::string> completeTask(backup::BackupDocument& document, const backup::URL& uri) {
     auto task = std::find_if(document.tasks.begin(), document.tasks.end(),
                              [&](const auto& candidate) { return candidate.uri == uri; });
     if (task == document.tasks.end()) {
@@ -60,16 +60,23 @@ bool completeTask(backup::BackupDocument& document, const backup::URL& uri) {
     const std::string title = onOneLine(task->titleRaw.value_or(""));
     if (task->statusRaw == kCompletedStatus) {
         print(fmt::format("'{}' was completed before\n", title));
-        return false;
+        return std::nullopt;
     }
     task->statusRaw = kCompletedStatus;
     task->statusChanged = task->userModified = nowInSeconds();
-    print(fmt::format("Completed '{}'\n", title));
-    if (task->repeatRaw.value_or(0) != 0) {
-        platform::currentConsole().writeLine(
-            fmt::format("corvane: '{}' repeats, but is not made anew", title));
+    if (task->repeatRaw.value_or(0) != 0 && !task->dueRaw) {
+        platform::currentConsole().writeLine(fmt::format(
+            "corvane: '{}' repeats, but without a due day it does not come again", title));
     }
-    return true;
+    std::string report = fmt::format("Completed '{}'\n", title);
+    if (const auto due = nextDueDay(*task)) {
+        const backup::Task again = taskAgain(*task, *due);
+        report += fmt::format("It is due again on {}: {}\n", due->isoString(),
+                              again.uri.absoluteString());
+        // A task that was reopened, and is completed a second time, came again the first time.
+        if (!RecordsByName(document).knows(again.uri)) document.tasks.insert(task + 1, again);
+    }
+    return report;
 }
 
 backup::Instant nowInSeconds() {

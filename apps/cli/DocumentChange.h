@@ -4,19 +4,22 @@
 #include "apps/document/BackupDocument.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace corvane::cli {
 
-/// Reads the document, lets it be changed and, where the change says that there is one, saves it
-/// and publishes it again if there is a container. Holds both meanwhile. Throws a Failure where the
-/// file is no document or cannot be saved.
-void changeDocument(const std::string& file,
-                    const std::function<bool(backup::BackupDocument&)>& change);
+/// Changes a document, and gives what to print once that is saved; none where there is nothing to
+/// save.
+using DocumentChange = std::function<std::optional<std::string>(backup::BackupDocument&)>;
 
-/// Completes a task, and prints so. False where it was completed before. Throws a Failure where the
-/// document has no such task.
-bool completeTask(backup::BackupDocument& document, const backup::URL& uri);
+/// Reads the document, lets it be changed, saves it and publishes it again if there is a container.
+/// Holds both meanwhile. Throws a Failure where the file is no document or cannot be saved.
+void changeDocument(const std::string& file, const DocumentChange& change);
+
+/// Completes a task, unless it was completed before. A repeating one comes again as another task,
+/// right behind it. Throws a Failure where the document has no such task.
+std::optional<std::string> completeTask(backup::BackupDocument& document, const backup::URL& uri);
 
 /// A moment as a document can hold it.
 backup::Instant nowInSeconds();

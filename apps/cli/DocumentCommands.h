@@ -20,6 +20,15 @@ void runComplete(const std::string& file, const std::string& uri);
 void runSet(const std::string& file, const std::string& uri, const std::string& field,
             const std::string& value);
 
+/// The form of a task; "new" in the place of a URI is a task that is to be added.
+struct DetailQuestion {
+    std::string file;
+    std::string uri;
+    std::optional<std::string> field;  ///< to be set, with the value
+    std::optional<std::string> value;
+};
+void runDetail(const DetailQuestion& question, Format format);
+
 /// To a dated file in the directory for temporary files where no other is named.
 void runExportCSV(const std::string& file, const std::optional<std::string>& out);
 

@@ -8,6 +8,7 @@
 
 #include "apps/cli/Failure.h"
 #include "apps/cli/TaskFormat.h"
+#include "apps/cli/TextOutput.h"
 
 #include <algorithm>
 #include <iterator>
@@ -64,7 +65,7 @@ std::vector<std::string> add(DrainJournal& journal, const TaskFormat& format) {
     });
     failOn(error);
     for (const std::string& warning : poll.warnings)
-        platform::currentConsole().writeLine("corvane: " + warning);
+        platform::currentConsole().writeLine("corvane: " + onOneLine(warning));
     if (poll.entries.empty()) return {};
     if (auto failure = journal.finish()) {
         throw Failure(failure->message + "; nothing is lost, drain again to complete it");

@@ -25,8 +25,9 @@ void printAdded(std::string_view heading, const std::vector<std::string>& lines,
                 const std::string& file) {
     if (lines.empty()) return;
     print(fmt::format("{} {} to {}\n", heading, counted(lines.size(), "task"), file));
+    const TaskFormat& format = TaskFormat::of(file);
     for (const std::string& line : lines)
-        print(fmt::format("  {}\n", onOneLine(TaskFormat::of(file).shownEntry(line))));
+        print(fmt::format("  {}\n", onOneLine(format.shownEntry(line))));
 }
 
 void makeList(const std::string& path) {

@@ -1,6 +1,7 @@
 #include "corvane/formats/EXCSVWriter.h"
 #include "corvane/formats/HGCorvaneBackupConstants.h"
 #include "corvane/formats/HGEntityNames.h"
+#include "corvane/platform/FileMoves.h"
 
 #include "apps/cli/Activity.h"
 #include "apps/cli/DocumentCommands.h"
@@ -12,7 +13,7 @@
 
 #include <fmt/format.h>
 
-#include <map>
+#include <variant>
 
 namespace corvane::cli {
 
@@ -22,13 +23,16 @@ constexpr const char* kFileNamePrefix = "Corvane-Tasks";
 
 using Constants = HGCorvaneBackupConstants;
 
-/// All columns but those of days have a text in every row, because the format leaves out the
-/// separator behind what is missing at the start of a row.
-EXValue textOf(std::optional<std::string_view> text) {
-    return EXValue(text.value_or(""));
+/// What a column shows: a text that the record holds, or a value made for it. All columns but those
+/// of days have a text in every row, because the format leaves out the separator behind what is
+/// missing at the start of a row.
+using Shown = std::variant<std::string_view, EXValue>;
+
+Shown textOf(std::optional<std::string_view> text) {
+    return text.value_or("");
 }
 
-EXValue nameOfCode(const EXXMLMapping& mapping, std::int16_t code) {
+Shown nameOfCode(const EXXMLMapping& mapping, std::int16_t code) {
     return EXValue(mapping.objectForKey(code).value_or(fmt::format("{}", code)));
 }
 
@@ -50,13 +54,26 @@ class TaskRows final : public EXKeyValueRows {
     std::size_t count() const override { return proxies_.size(); }
 
     EXValue valueForKey(std::string_view key, std::size_t index) const override {
-        for (const auto& [name, value] : columnsInOrder())
-            if (name == key) return value(*proxies_[index], document_.tasks[index]);
-        return {};
+        const auto shown = shownForKey(key, index);
+        const auto* text = std::get_if<std::string_view>(&shown);
+        return text ? EXValue(*text) : std::get<EXValue>(shown);
+    }
+
+    std::optional<std::string_view> heldTextForKey(std::string_view key,
+                                                   std::size_t index) const override {
+        const auto shown = shownForKey(key, index);
+        const auto* text = std::get_if<std::string_view>(&shown);
+        return text ? std::optional(*text) : std::nullopt;
     }
 
   private:
-    using Column = EXValue (*)(const HGTaskProxy&, const backup::Task&);
+    using Column = Shown (*)(const HGTaskProxy&, const backup::Task&);
+
+    Shown shownForKey(std::string_view key, std::size_t index) const {
+        for (const auto& [name, shown] : columnsInOrder())
+            if (name == key) return shown(*proxies_[index], document_.tasks[index]);
+        return EXValue();
+    }
 
     static const std::vector<std::pair<std::string_view, Column>>& columnsInOrder() {
         using P = const HGTaskProxy&;
@@ -67,9 +84,9 @@ class TaskRows final : public EXKeyValueRows {
              [](P p, T) { return nameOfCode(Constants::taskStatusMapping(), p.status()); }},
             {HGTaskPriorityKey,
              [](P p, T) { return nameOfCode(Constants::priorityMapping(), p.priority()); }},
-            {HGTaskStarredKey, [](P p, T) { return EXValue(p.starred() ? "true" : "false"); }},
-            {HGTaskStartKey, [](P, T t) { return EXValue(t.startRaw); }},
-            {HGTaskDueKey, [](P p, T) { return EXValue(p.due()); }},
+            {HGTaskStarredKey, [](P p, T) { return textOf(p.starred() ? "true" : "false"); }},
+            {HGTaskStartKey, [](P, T t) { return Shown(EXValue(t.startRaw)); }},
+            {HGTaskDueKey, [](P p, T) { return Shown(EXValue(p.due())); }},
             {HGTaskRepeatKey,
              [](P p, T) { return nameOfCode(Constants::taskRepeatMapping(), p.repeat()); }},
             {"project", [](P p, T) { return textOf(p.projectName()); }},
@@ -101,6 +118,10 @@ std::string exportTasks(const BackupDocument& document, const std::optional<std:
 }  // namespace
 
 void runExportCSV(const std::string& file, const std::optional<std::string>& out) {
+    const auto tasksPath = platform::resolvedPath(file);
+    if (tasksPath && out && platform::resolvedPath(*out) == tasksPath) {
+        throw Failure(fmt::format("'{}' has the tasks; export them to another file", *out));
+    }
     TaskSource source = readTaskSource(file, file);
     reportProblems(source, file, "the line is left out");
     runInActivity("Exporting tasks", [&] {

@@ -107,6 +107,19 @@ std::string tasksJson(std::span<const std::shared_ptr<HGTaskProxy>> tasks) {
     return document({{"tasks", tasksArray(tasks)}});
 }
 
+std::string sectionedTasksJson(
+    const EXOverviewModel& list,
+    const std::function<std::shared_ptr<HGTaskProxy>(const platform::IndexPath&)>& taskAt) {
+    ordered_json sections = ordered_json::array();
+    for (std::int64_t section = 0; section < list.numberOfSections(); ++section)
+        sections.push_back(
+            {{"title", orNull(list.titleForSection(section))}, {"tasks", ordered_json::array()}});
+    for (const platform::IndexPath& path : list.indexPathsForAllObjects())
+        sections[static_cast<std::size_t>(path.section)]["tasks"].push_back(
+            taskJson(*taskAt(path)));
+    return document({{"sections", sections}});
+}
+
 std::string viewJson(std::string_view view, std::int64_t badge,
                      std::optional<std::int64_t> badgeForTomorrow, const HGTaskProxyModel& model) {
     ordered_json sections = ordered_json::array();
@@ -132,6 +145,17 @@ std::string choiceListJson(const EXChoiceList& list) {
         sections.push_back({{"title", orNull(section->title())}, {"items", items}});
     }
     return document({{"sections", sections}});
+}
+
+std::string filesJson(const std::string& directory, std::span<const ListedFile> files) {
+    ordered_json json = ordered_json::array();
+    for (const ListedFile& file : files)
+        json.push_back(
+            {{"name", file.name},
+             {"created", file.created ? ordered_json(isoText(*file.created)) : ordered_json()},
+             {"modified", isoText(file.modified)},
+             {"size", file.size}});
+    return document({{"directory", directory}, {"files", json}});
 }
 
 std::string statusJson(const Status& status) {

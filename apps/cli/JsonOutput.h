@@ -5,10 +5,12 @@
 #include "corvane/bridge/HGTaskProxy.h"
 #include "corvane/dates/EXDateOnly.h"
 #include "corvane/dates/EXTimeOnly.h"
+#include "corvane/models/EXOverviewModel.h"
 #include "corvane/platform/Instant.h"
 #include "corvane/vocabulary/EXChoiceList.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -21,11 +23,24 @@ namespace corvane::cli {
 
 std::string tasksJson(std::span<const std::shared_ptr<HGTaskProxy>> tasks);
 
+/// The sections of a list whose objects `taskAt` gives as tasks.
+std::string sectionedTasksJson(
+    const EXOverviewModel& list,
+    const std::function<std::shared_ptr<HGTaskProxy>(const platform::IndexPath&)>& taskAt);
+
 std::string viewJson(std::string_view view, std::int64_t badge,
                      std::optional<std::int64_t> badgeForTomorrow, const HGTaskProxyModel& model);
 
 /// The icon indexes of the list are those of category icons.
 std::string choiceListJson(const EXChoiceList& list);
+
+struct ListedFile {
+    std::string name;
+    std::optional<platform::Instant> created;
+    platform::Instant modified;
+    std::int64_t size = 0;  ///< in bytes
+};
+std::string filesJson(const std::string& directory, std::span<const ListedFile> files);
 
 struct Status {
     std::string container;

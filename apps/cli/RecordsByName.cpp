@@ -7,6 +7,7 @@
 #include "apps/cli/DocumentIndex.h"
 #include "apps/cli/PercentText.h"
 #include "apps/cli/TextHash.h"
+#include "apps/cli/TypedWords.h"
 
 #include <fmt/format.h>
 
@@ -18,12 +19,6 @@ namespace corvane::cli {
 namespace {
 
 using backup::URL;
-
-bool equalIgnoringCase(std::string_view a, std::string_view b) {
-    auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [&](char x, char y) { return lower(x) == lower(y); });
-}
 
 /// "a" of "a/b"; empty where the project belongs to no portfolio.
 std::string_view portfolioNameOf(std::string_view project) {

@@ -24,6 +24,9 @@ namespace {
 std::size_t restoreInto(const std::string& path) {
     const auto url = HGSharedContainer::defaultContainer().importedBackupFileURL();
     const std::string from = url ? url->path().value_or("") : "";
+    if (platform::resolvedPath(from) == path) {
+        throw Failure(fmt::format("'{}' is the document that was handed over itself", from));
+    }
     platform::Error error;
     const auto content = platform::readTextFile(from, &error);
     if (!content && error.code == ENOENT) throw Failure("no document was handed over");

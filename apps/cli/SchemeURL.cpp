@@ -6,6 +6,7 @@
 #include "apps/cli/PriorityNames.h"
 #include "apps/cli/TodoLine.h"
 #include "apps/cli/TypedDay.h"
+#include "apps/cli/TypedWords.h"
 
 #include <fmt/format.h>
 
@@ -27,7 +28,7 @@ struct Complaint {
 std::optional<std::string> valueIn(const Query& query, const char* key) {
     auto found = query.find(key);
     if (found == query.end() || !found->second || found->second->empty()) return std::nullopt;
-    return found->second;
+    return std::string(*found->second);
 }
 
 /// A key without a value says yes.
@@ -35,11 +36,9 @@ bool flagIn(const Query& query, const char* key) {
     auto found = query.find(key);
     if (found == query.end()) return false;
     if (!found->second) return true;
-    static const std::map<std::string_view, bool> kWords{
-        {"true", true}, {"1", true}, {"yes", true}, {"false", false}, {"0", false}, {"no", false}};
-    auto word = kWords.find(*found->second);
-    if (word == kWords.end()) throw Complaint{fmt::format("'{}' is true or false", key)};
-    return word->second;
+    const auto flag = flagNamed(*found->second);
+    if (!flag) throw Complaint{fmt::format("'{}' is true or false", key)};
+    return *flag;
 }
 
 NewTask newTaskOf(const Query& query) {

@@ -11,9 +11,8 @@ void runSet(const std::string& file, const std::string& uri, const std::string& 
             const std::string& value) {
     changeDocument(file, [&](backup::BackupDocument& document) {
         setField(document, backup::URL(uri), field, value);
-        print(value.empty() ? fmt::format("Cleared {}\n", field)
-                            : fmt::format("Set {} to '{}'\n", field, onOneLine(value)));
-        return true;
+        return value.empty() ? fmt::format("Cleared {}\n", field)
+                             : fmt::format("Set {} to '{}'\n", field, onOneLine(value));
     });
 }
 

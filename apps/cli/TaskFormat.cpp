@@ -1,6 +1,7 @@
 #include "apps/cli/TaskFormat.h"
 
 #include "corvane/platform/Console.h"
+#include "corvane/platform/FileMoves.h"
 #include "corvane/platform/MappedFile.h"
 
 #include "apps/cli/DocumentIntake.h"
@@ -88,7 +89,8 @@ class DocumentFormat final : public TaskFormat {
 const TaskFormat& TaskFormat::of(std::string_view path) {
     static const TodoFormat list;
     static const DocumentFormat document;
-    if (backup::isBackupPath(path)) return document;
+    const auto resolved = platform::resolvedPath(std::string(path));
+    if (backup::isBackupPath(resolved ? std::string_view(*resolved) : path)) return document;
     return list;
 }
 

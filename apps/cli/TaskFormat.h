@@ -35,7 +35,8 @@ class TaskFormat {
   public:
     virtual ~TaskFormat() = default;
 
-    /// A document for a name that ends in ".cvbx", a list for any other.
+    /// A document for a name that ends in ".cvbx", a list for any other. Of a link, the name of
+    /// what it leads to counts.
     static const TaskFormat& of(std::string_view path);
 
     /// Of a file without tasks.

@@ -117,6 +117,23 @@ std::vector<std::string> alignedTaskLines(
     return texts;
 }
 
+std::string sectionedTaskLines(const EXOverviewModel& list, const TaskAtPath& taskAt) {
+    const auto sections = static_cast<std::size_t>(list.numberOfSections());
+    std::vector<std::vector<std::shared_ptr<HGTaskProxy>>> tasks(sections);
+    for (const platform::IndexPath& path : list.indexPathsForAllObjects())
+        tasks[static_cast<std::size_t>(path.section)].push_back(taskAt(path));
+    const auto lines = alignedTaskLines(
+        std::vector<std::span<const std::shared_ptr<HGTaskProxy>>>(tasks.begin(), tasks.end()));
+    std::string text;
+    for (std::size_t section = 0; section < sections; ++section) {
+        const auto title = list.titleForSection(static_cast<std::int64_t>(section));
+        text += "\n";
+        if (title && title != list.title()) text += onOneLine(*title) + "\n";
+        text += lines[section].empty() ? "  nothing\n" : lines[section];
+    }
+    return text;
+}
+
 std::string badgesText(const HGBadgeValues& badges) {
     return fmt::format("inbox {}, today {} ({} tomorrow), next {}, waiting for {}",
                        badge(badges, HGSharedInfoBadgeValueInboxKey),

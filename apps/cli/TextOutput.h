@@ -3,7 +3,9 @@
 
 #include "corvane/bridge/HGSharedInfo.h"
 #include "corvane/bridge/HGTaskProxy.h"
+#include "corvane/models/EXOverviewModel.h"
 
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -28,6 +30,12 @@ std::string taskLines(std::span<const std::shared_ptr<HGTaskProxy>> tasks);
 /// The same for several lists whose columns are aligned with each other, one text a list.
 std::vector<std::string> alignedTaskLines(
     std::span<const std::span<const std::shared_ptr<HGTaskProxy>>> lists);
+
+using TaskAtPath = std::function<std::shared_ptr<HGTaskProxy>(const platform::IndexPath&)>;
+
+/// The same for the sections of a list, each below an empty line and its title. A section that is
+/// called like the whole list needs no title of its own.
+std::string sectionedTaskLines(const EXOverviewModel& list, const TaskAtPath& taskAt);
 
 /// "inbox 3, today 5 (6 tomorrow), next 4, waiting for 2"
 std::string badgesText(const HGBadgeValues& badges);

@@ -19,6 +19,7 @@ constexpr std::string_view kOnHoldWord = "@waiting";
 constexpr std::string_view kStarWord = "star:1";
 constexpr std::string_view kDueKey = "due:";
 constexpr std::string_view kNotesKey = "note:";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr char kEscape = '\\';
 
 bool isControl(char c) {
@@ -169,7 +170,9 @@ std::string TodoLine::text() const {
     std::string body =
         fieldsFirst ? fieldWords(*this).substr(1) + " " + words : words + fieldWords(*this);
     std::string_view rest = body;
-    bool looksMarked = rest.starts_with(kCompletedMark) || takePriorityLetter(rest);
+    // At the start of a file, a byte order mark is none of its first line.
+    bool looksMarked = rest.starts_with(kCompletedMark) || rest.starts_with(kByteOrderMark) ||
+                       takePriorityLetter(rest);
     bool needsPriority = priority != kMediumPriority || looksMarked;
     return (completed ? std::string(kCompletedMark) : "") +
            (needsPriority ? priorityMark(priority) : "") + body;

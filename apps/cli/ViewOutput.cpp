@@ -2,6 +2,7 @@
 
 #include "apps/cli/JsonOutput.h"
 #include "apps/cli/TextOutput.h"
+#include "apps/overviews/ProxyTasksModel.h"
 
 #include <fmt/format.h>
 
@@ -18,6 +19,7 @@ struct Shown {
     std::optional<std::string> badgeText;
     std::optional<std::int64_t> badgeForTomorrow;
     std::optional<std::string> badgeTextForTomorrow;
+    overviews::ProxyTasksModel::View view;
 };
 
 Shown shownOf(const HGTaskProxyManager& manager, View view) {
@@ -29,7 +31,8 @@ Shown shownOf(const HGTaskProxyManager& manager, View view) {
                     manager.inboxBadgeValue(),
                     manager.inboxBadgeValueString(),
                     {},
-                    {}};
+                    {},
+                    &HGTaskProxyManager::inboxModel};
         case View::Next:
             return {"next",
                     "Next",
@@ -37,7 +40,8 @@ Shown shownOf(const HGTaskProxyManager& manager, View view) {
                     manager.nextBadgeValue(),
                     manager.nextBadgeValueString(),
                     {},
-                    {}};
+                    {},
+                    &HGTaskProxyManager::nextModel};
         case View::WaitingFor:
             return {"waiting-for",
                     "Waiting For",
@@ -45,7 +49,8 @@ Shown shownOf(const HGTaskProxyManager& manager, View view) {
                     manager.waitingForBadgeValue(),
                     manager.waitingForBadgeValueString(),
                     {},
-                    {}};
+                    {},
+                    &HGTaskProxyManager::waitingForModel};
         case View::Today:
             break;
     }
@@ -55,7 +60,8 @@ Shown shownOf(const HGTaskProxyManager& manager, View view) {
             manager.todayBadgeValue(),
             manager.todayBadgeValueString(),
             manager.todayBadgeValueForTomorrow(),
-            manager.todayBadgeValueStringForTomorrow()};
+            manager.todayBadgeValueStringForTomorrow(),
+            &HGTaskProxyManager::todayModel};
 }
 
 std::string headingOf(const Shown& shown) {
@@ -67,30 +73,14 @@ std::string headingOf(const Shown& shown) {
     return heading + "\n";
 }
 
-std::vector<std::string> sectionTexts(const HGTaskProxyModel& model) {
-    std::vector<std::span<const std::shared_ptr<HGTaskProxy>>> lists;
-    for (std::size_t i = 0; i < model.numberOfSections(); ++i) {
-        const auto& tasks = model.taskProxyListForSection(i)->taskProxies();
-        if (tasks)
-            lists.emplace_back(*tasks);
-        else
-            lists.emplace_back();
-    }
-    return alignedTaskLines(lists);
-}
-
-std::string textOf(const Shown& shown) {
-    std::string text = headingOf(shown);
-    const auto sections = sectionTexts(*shown.model);
-    if (sections.empty()) text += "\n  nothing\n";
-    for (std::size_t i = 0; i < sections.size(); ++i) {
-        const auto title = shown.model->taskProxyListForSection(i)->title();
-        text += "\n";
-        // A single section that is called like its view needs no title of its own.
-        if (title && *title != shown.title) text += onOneLine(*title) + "\n";
-        text += sections[i].empty() ? "  nothing\n" : sections[i];
-    }
-    return text;
+std::string textOf(const HGTaskProxyManager& manager, const Shown& shown) {
+    const auto tasks = std::make_shared<overviews::ProxyTasksModel>(manager, shown.view);
+    tasks->setTitle(shown.title);
+    tasks->reloadData();
+    if (tasks->numberOfSections() == 0) return headingOf(shown) + "\n  nothing\n";
+    return headingOf(shown) + sectionedTaskLines(*tasks, [&](const platform::IndexPath& path) {
+               return tasks->taskProxyAtIndexPath(path);
+           });
 }
 
 }  // namespace
@@ -99,7 +89,7 @@ void printView(const HGTaskProxyManager& manager, View view, Format format) {
     const Shown shown = shownOf(manager, view);
     print(format == Format::JSON
               ? viewJson(shown.name, shown.badge, shown.badgeForTomorrow, *shown.model)
-              : textOf(shown));
+              : textOf(manager, shown));
 }
 
 }  // namespace corvane::cli

@@ -1,3 +1,6 @@
+#include "corvane/controls/DateFieldGrammar.h"
+#include "corvane/controls/DateFieldParser.h"
+#include "corvane/dates/EXCalendar.h"
 #include "corvane/dates/EXDateOnlyCommandParser.h"
 #include "corvane/dates/EXTimeOnlyCommandParser.h"
 #include "corvane/platform/Clock.h"
@@ -22,11 +25,33 @@ std::string textOf(const Moment& moment) {
     return text;
 }
 
-Moment read(const std::string& text) {
-    Moment moment;
+/// Under the names that the parser of days has.
+void nameDaysOfFields() {
+    using Days = EXDateOnlyCommandParser;
+    DateFieldParser::setTodayName(Days::todayName());
+    DateFieldParser::setTodayShortName(Days::todayShortName());
+    DateFieldParser::setTomorrowName(Days::tomorrowName());
+    DateFieldParser::setTomorrowShortName(Days::tomorrowShortName());
+}
+
+void readDay(const std::string& text, Moment& moment) {
     moment.day = typedDay(text);
-    moment.time = EXTimeOnlyCommandParser::timeOnlyFromString(text);
     if (moment.day) moment.word = EXDateOnlyCommandParser::commandForDateOnly(moment.day);
+}
+
+void readDayOfField(const std::string& text, Moment& moment) {
+    nameDaysOfFields();
+    const auto date = DateFieldParser::dateFromString(text);
+    if (!date) return;
+    moment.day = EXCalendar::currentCalendar().dateOnlyForDate(date);
+    moment.word = DateFieldParser::wordForDate(*date, DateFieldParser::grammar());
+}
+
+Moment read(const WhenQuestion& question) {
+    const std::string& text = question.text;
+    Moment moment;
+    (question.field ? readDayOfField : readDay)(text, moment);
+    moment.time = EXTimeOnlyCommandParser::timeOnlyFromString(text);
     if (!moment.day && !moment.time)
         throw Failure(fmt::format("'{}' is neither a day nor a time", text));
     return moment;
@@ -44,7 +69,7 @@ void runWhen(const WhenQuestion& question, Format format) {
     std::optional<platform::FixedClock> noon;
     std::optional<platform::ScopedClock> clock;
     if (question.today) clock.emplace(noon.emplace(question.today->date()));
-    const auto moment = read(question.text);
+    const auto moment = read(question);
     print(format == Format::JSON ? momentJson(moment) : textOf(moment));
 }
 

@@ -2,9 +2,10 @@
 
 #include "corvane/platform/GroupContainer.h"
 #include "corvane/platform/KnownLocales.h"
-#include "corvane/platform/TextEncoding.h"
 #include "corvane/platform/UserDefaultsLocation.h"
 
+#include "apps/cli/ArgumentChecks.h"
+#include "apps/cli/BackupsCommand.h"
 #include "apps/cli/Commands.h"
 #include "apps/cli/DocumentArguments.h"
 #include "apps/cli/Failure.h"
@@ -19,16 +20,10 @@
 
 #include <cstdio>
 #include <functional>
-#include <map>
 
 namespace corvane::cli {
 
 namespace {
-
-// Headings of the help.
-constexpr const char* kMainApplication = "As the main application";
-constexpr const char* kCompanion = "As a companion";
-constexpr const char* kAnyone = "As anyone";
 
 constexpr int kDone = 0;
 constexpr int kFailed = 1;
@@ -47,33 +42,23 @@ struct Arguments {
     std::string text;
     std::string locale;
     std::string today;
+    bool field = false;
     bool json = false;
     ProgramLog::Options log;
     NewTask newTask;
+    TasksQuestion tasks;
     std::string settings;
     PrefsQuestion prefs;
     DocumentArguments document;
+    BackupsArguments backups;
     std::string commandName;
     std::function<void()> command;
 
     Format format() const { return json ? Format::JSON : Format::Text; }
 };
 
-const std::map<std::string, View> kViews{{"inbox", View::Inbox},
-                                         {"today", View::Today},
-                                         {"next", View::Next},
-                                         {"waiting-for", View::WaitingFor}};
-
-std::string checkUTF8(const std::string& text) {
-    return platform::isUTF8(text) ? "" : "the text is not UTF-8";
-}
-
 std::string checkTitle(const std::string& text) {
     return heldTitle(text).empty() ? "a task needs a title" : checkUTF8(text);
-}
-
-std::string checkNotEmpty(const std::string& text) {
-    return text.empty() ? "the text is empty" : checkUTF8(text);
 }
 
 std::string checkDay(const std::string& text) {
@@ -88,16 +73,8 @@ std::string checkLocale(const std::string& text) {
     return platform::knownLocale(text) ? "" : "there is no locale '" + text + "'";
 }
 
-std::string checkView(const std::string& text) {
-    return kViews.contains(text) ? "" : "there is no view '" + text + "'";
-}
-
 std::string checkPriority(const std::string& text) {
     return priorityNamed(text) ? "" : "there is no priority '" + text + "'";
-}
-
-std::optional<std::string> given(const std::string& text) {
-    return text.empty() ? std::nullopt : std::optional(text);
 }
 
 CLI::App* addCommand(CLI::App& app, Arguments& arguments, const char* role, const char* name,
@@ -130,7 +107,7 @@ void addMainApplicationCommands(CLI::App& app, Arguments& arguments) {
 
 void addViewCommands(CLI::App& app, Arguments& arguments) {
     auto* show = addCommand(app, arguments, kCompanion, "show", "Show one of the four views",
-                            [&] { runShow(kViews.at(arguments.view), arguments.format()); });
+                            [&] { runShow(views().at(arguments.view), arguments.format()); });
     show->add_option("VIEW", arguments.view, "inbox, today (unless given), next or waiting-for")
         ->check(checkView)
         ->type_name("");
@@ -145,12 +122,17 @@ void addViewCommands(CLI::App& app, Arguments& arguments) {
                    [&] { runCategories(arguments.format()); }),
         arguments);
 
-    auto* tasks =
-        addCommand(app, arguments, kCompanion, "tasks", "Show all tasks, or those of one project",
-                   [&] { runTasks(given(arguments.project), arguments.format()); });
-    tasks->add_option("--project", arguments.project, "Only the tasks of this project")
-        ->check(checkNotEmpty)
-        ->type_name("NAME");
+    auto* tasks = addCommand(app, arguments, kCompanion, "tasks",
+                             "Show all tasks, those of one project, or those of a document",
+                             [&] { runTasks(arguments.tasks, arguments.format()); });
+    auto* project =
+        tasks->add_option("--project", arguments.tasks.project, "Only the tasks of this project");
+    project->check(checkNotEmpty)->type_name("NAME");
+    auto* document = tasks->add_option("--document", arguments.tasks.document,
+                                       "Instead of what was published; in sections, by project");
+    document->check(checkNotEmpty)->type_name("FILE")->excludes(project);
+    tasks->add_flag("--by-status", arguments.tasks.byStatus, "In sections by status instead")
+        ->needs(document);
     addJsonFlag(tasks, arguments);
 }
 
@@ -192,7 +174,7 @@ void addWhenCommand(CLI::App& app, Arguments& arguments) {
     auto* when =
         addCommand(app, arguments, kAnyone, "when", "Show which day or time a text means", [&] {
             runWhen({arguments.text, platform::knownLocale(arguments.locale),
-                     existingDay(arguments.today)},
+                     existingDay(arguments.today), arguments.field},
                     arguments.format());
         });
     when->add_option("TEXT", arguments.text, "A word, a date or a time")
@@ -205,6 +187,7 @@ void addWhenCommand(CLI::App& app, Arguments& arguments) {
     when->add_option("--today", arguments.today, "As if it were this day")
         ->check(checkDay)
         ->type_name("YYYY-MM-DD");
+    when->add_flag("--field", arguments.field, "As a date field reads and shows it");
     addJsonFlag(when, arguments);
 }
 
@@ -257,9 +240,11 @@ void describe(CLI::App& app, Arguments& arguments) {
     addMainApplicationCommands(app, arguments);
     addViewCommands(app, arguments);
     addAddCommand(app, arguments);
-    addDocumentCommands(app, arguments.document, [&arguments](CLI::App& parent, auto... rest) {
+    const CommandAdder add = [&arguments](CLI::App& parent, auto... rest) {
         return addCommand(parent, arguments, rest...);
-    });
+    };
+    addDocumentCommands(app, arguments.document, add);
+    addBackupsCommands(app, arguments.backups, add);
     addOtherCommands(app, arguments);
 }
 

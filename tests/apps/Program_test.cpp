@@ -203,6 +203,9 @@ TEST_F(Program, TellsWhatATextMeans) {
     auto when = [&](auto... more) { return json({"when", "--today", "2024-06-15", more...}); };
     EXPECT_EQ(when("MOR", "--locale", "de").dump(),
               R"({"day":"2024-06-16","time":null,"word":"Morgen"})");
+    EXPECT_EQ(when("sat")["day"], "2024-06-15");
+    EXPECT_EQ(when("sat", "--field")["day"], "2024-06-22");
+    EXPECT_EQ(when("TOMORROW", "--field", "--locale", "de")["word"], "Morgen");
     EXPECT_EQ(when("7 pm").dump(), R"({"day":null,"time":"19:00:00","word":null})");
 }
 

@@ -59,6 +59,7 @@ TEST(TodoLine, WritesTheLineThatReadsBack) {
         {{.title = "x", .project = "p"}, "(C) x +p"},
         {{.title = "(A) team", .completed = true}, "x (C) (A) team"},
         {{.title = "x ray", .priority = 0}, "(E) x ray"},
+        {{.title = "\uFEFF"}, "(C) \uFEFF"},
         // The task's own project first, so that the one in the title is not taken for it.
         {{.title = "a +b @c", .project = "p"}, "+p a +b \\@c"},
         {{.title = "a star:1", .starred = true}, "star:1 a star:1"},

@@ -59,6 +59,7 @@ assert pathlib.Path("b.txt").read_text().split("\n")[:10000] == lines
 pathlib.Path("l.txt").write_text("Call Ann +p/q @phone due:2026-03-05\n+no\nx (F) b @waiting\n")
 run(["convert", "l.txt", "d.cvbx"], errors="d.cvbx cannot hold all of 3 lines")
 pathlib.Path("bad.cvbx").write_text("<backup version='1'>\n <x></backup>")
+os.symlink("d.cvbx", "link")
 uri, change = ElementTree.parse("d.cvbx").find("tasks/task").get("uri"), ["--file", "d.cvbx"]
 for case in [
     (["convert", "l.txt", "d.cvbx"], 1, "", "'d.cvbx' is there already; --force"),
@@ -72,13 +73,45 @@ for case in [
     (["watch", "request", "today", "--into", "w"], 0, "A & B"),
     (["show", "--container", "w"], 0, "A & B"),
     (["watch", "complete", "t:0", *change], 1, "", "there is no task 't:0'"),
-    (["watch", "complete", uri, *change], 0, "Completed 'Call Ann'", "repeats"),
+    (["set", uri, "due", "2999-03-07", *change], 0, "Set due"),
+    (["watch", "complete", uri, *change], 0, "due again on 2999-03-14"),
     (["complete", uri, *change], 0, "completed before"),
-    (["convert", "d.cvbx", "m.txt"], 0, "3 tasks", "'Call Ann' loses statusChanged, repeat, userM"),
+    (["convert", "d.cvbx", "m.txt"], 0, "4 tasks", "'Call Ann' loses statusChanged, repeat, userM"),
     (["import", "bad.cvbx"], 0, "Handed over"),
     (["restore", "r.cvbx"], 1, "", "imported-backup.cvbx:2:7: mismatched tag"),
     (["import", "d.cvbx"], 0, "Handed over"),
-    (["restore", "r.cvbx"], 0, "Restored 3 tasks into r.cvbx"),
+    (["restore", "c/imported-backup.cvbx", "--force"], 1, "", "handed over itself"),
+    (["restore", "r.cvbx"], 0, "Restored 4 tasks into r.cvbx"),
+    (["export-csv", "r.cvbx", "-o", "r.cvbx"], 1, "", "'r.cvbx' has the tasks"),
+    (["publish", "link"], 0, "Published 4 tasks (2 completed)"),
 ]:
     run(*case)
 assert pathlib.Path("r.cvbx").read_bytes() == pathlib.Path("d.cvbx").read_bytes()
+
+# Of categories without a primary one the first counts; it goes with all that is said of it, or stays.
+member = "<taskContext{}><category>c:{}</category></taskContext>"
+pathlib.Path("k.cvbx").write_text(
+    "<backup version='1'><categories><category uri='c:1'><nameRaw>one</nameRaw></category>"
+    "<category uri='c:2'><nameRaw>two</nameRaw></category></categories><tasks><task uri='t'>"
+    "<taskContexts>" + member.format("", 1) + member.format(" kept='yes'", 2) +
+    "</taskContexts></task></tasks></backup>")
+for category, left in [("two", [("yes", "c:2")]), ("one", [(None, "c:1")]), ("", [])]:
+    run(["set", "t", "category", category, "--file", "k.cvbx"], output="category")
+    found = [(context.get("kept"), context.findtext("category"))
+             for context in ElementTree.parse("k.cvbx").iter("taskContext")]
+    assert found == left, found
+
+# The form of a task.
+form = ["--file", "r.cvbx"]
+for case in [
+    (["detail", "new", "title", "Mow", *form], 0, "Added x-corvane-todo://task/"),
+    (["detail", uri, "status", "On Hold", *form], 0, "Set status to 'On Hold'\nPublished 5 tasks"),
+    (["detail", uri, "due", "2026-02-30", *form], 1, "", "'2026-02-30' is no value of dueRaw"),
+    (["detail", uri, "title", " ", *form], 1, "", "a task needs a title"),
+    (["detail", uri, "userModified", "x", *form], 1, "", "'userModified' can only be read"),
+    (["detail", uri, "due", *form], 2, "", "FIELD requires VALUE"),
+    (["detail", "t:0", *form], 1, "", "there is no task 't:0'"),
+    (["detail", uri, "--json", *form], 0, '"value": "Call Ann"'),
+    (["show", "today"], 0, "Mow\n\nDue"),
+]:
+    run(*case)

@@ -15,7 +15,7 @@ DEEPEST = 512
 TRAILER = 32
 
 RECORDS = {"HG%sProxy" % kind for kind in ("Task", "Project", "Category", "Portfolio", "Attachment")}
-RECORDS |= {"HGTaskProxyList", "HGTaskProxyModel", "HGSharedRepository", "EXDateOnly"}
+RECORDS |= {"HGTaskProxyList", "HGTaskProxyModel", "HGSharedRepository", "EXDateOnly", "CVIndexPath"}
 # The keys of the built-in classes, which are the same for their growable forms.
 BUILT_IN = {
     "NSArray": {"NS.objects"},

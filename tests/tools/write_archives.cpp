@@ -1,5 +1,6 @@
 // Writes archives for check_archive.py into a directory, with numbers of objects in the file around
 // which the widths of references change.
+#include "corvane/models/CVIndexPath.h"
 #include "corvane/platform/BigEndian.h"
 #include "corvane/platform/KeyedArchiver.h"
 
@@ -44,6 +45,9 @@ bool writeAll(const std::string& directory) {
     // An archive has a dozen objects of its own, so these two stand for "no objects" and "one".
     bool done = !platform::KeyedArchiver::archiveToFile(nullptr, directory + "/absent.archive") &&
                 !platform::KeyedArchiver::archiveToFile("x", directory + "/one-text.archive");
+    CVIndexPath path(2, 5);
+    path.setPasteboardText("Water the plants");
+    done = done && !platform::KeyedArchiver::archiveToFile(path, directory + "/index-path.archive");
     for (std::size_t objects : {255, 256, 257, 65535, 65536, 300000})
         done = done && writeList(directory, objects);
     return done;
