@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <utility>
 
 using corvane::EXURLParser;
 
@@ -18,8 +19,9 @@ void require(bool truth) {
 template <class Encode>
 std::string joined(const EXURLParser::Query& query, Encode encode) {
     std::string text;
+    bool isFirst = true;
     for (const auto& [key, value] : query) {
-        if (&key != &query.begin()->first) text += '&';
+        if (!std::exchange(isFirst, false)) text += '&';
         text += encode(key);
         if (value) text.append("=").append(encode(*value));
     }

@@ -43,7 +43,7 @@ std::string written(const EXValue& value, EXXMLType type) {
 bool hasExactText(const EXValue& value, EXXMLType type) {
     if (type == EXXMLTypeDouble) return false;
     const auto* day = value.day();
-    return !day || (day->year() >= 0 && day->month() >= 1 && day->month() <= 12 &&
+    return !day || (day->integerValue() >= 0 && day->month() >= 1 && day->month() <= 12 &&
                     day->day() >= 1 && day->day() <= 31);
 }
 
