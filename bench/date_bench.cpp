@@ -97,9 +97,25 @@ void check(benchmark::State& state, const std::optional<EXDateOnly>& day, bool i
 
 void dayOfText(benchmark::State& state, std::string_view text, bool isDay) {
     const platform::ScopedLocale locale{platform::Locale(kLocale)};
-    check(state, EXDateOnlyCommandParser::dateOnlyFromString(text), isDay);
+    const std::optional<std::string_view> typed = text;
+    check(state, EXDateOnlyCommandParser::dateOnlyFromString(typed), isDay);
     for (auto _ : state)
-        benchmark::DoNotOptimize(EXDateOnlyCommandParser::dateOnlyFromString(text));
+        benchmark::DoNotOptimize(EXDateOnlyCommandParser::dateOnlyFromString(typed));
+}
+
+/// With the application's words for today and tomorrow set, of which ICU knows nothing.
+void dayOfTextWithNames(benchmark::State& state, std::string_view text) {
+    using Parser = EXDateOnlyCommandParser;
+    const std::pair<void (*)(std::optional<std::string>), const char*> names[] = {
+        {Parser::setTodayName, "${Today}"},
+        {Parser::setTodayShortName, "tod"},
+        {Parser::setTomorrowName, "${Tomorrow}"},
+        {Parser::setTomorrowShortName, "tom"}};
+    for (const auto& [set, name] : names)
+        set(name);
+    dayOfText(state, text, true);
+    for (const auto& [set, name] : names)
+        set(std::nullopt);
 }
 
 void dayOfTextByICU(benchmark::State& state, std::string_view text, bool isDay) {
@@ -136,6 +152,9 @@ void buildingByICU(benchmark::State& state) {
     BENCHMARK_CAPTURE(dayOfTextByICU, name, text, isDay)
 
 DAY_OF_TEXT(word, "thursday", true);
+DAY_OF_TEXT(shortWord, "fri", true);
+BENCHMARK_CAPTURE(dayOfTextWithNames, word, "thursday");
+BENCHMARK_CAPTURE(dayOfTextWithNames, tomorrow, "tomorrow");
 DAY_OF_TEXT(numeric, "03/10/24", true);
 DAY_OF_TEXT(numericWithoutYear, "3/10", true);
 DAY_OF_TEXT(monthName, "Mar 10", true);

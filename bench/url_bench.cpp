@@ -5,6 +5,8 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <uriparser/Uri.h>
@@ -73,7 +75,7 @@ void uriparserToList(benchmark::State& state) {
 void uriparserToMap(benchmark::State& state) {
     const std::string query = queryOf(static_cast<int>(state.range(0)));
     for (auto _ : state) {
-        EXURLParser::Query parameters;
+        std::map<std::string, std::optional<std::string>, std::less<>> parameters;
         UriQueryListA* list = dissected(query);
         for (auto* each = list; each; each = each->next) {
             auto& value = parameters[each->key];

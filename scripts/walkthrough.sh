@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Plays the path of a task with the example list: the main application publishes, a companion shows
-# and adds, the main application takes in what was added.
+# and adds, the main application takes in what was added. Then the list becomes a backup document,
+# which is changed, exported and turned into a list again.
 #
 # usage: walkthrough.sh CORVANE [DIRECTORY]
 #   CORVANE    the program
@@ -18,6 +19,7 @@ directory=$(realpath "$directory")
 cd "$(dirname "$0")/.."
 
 list=$directory/household.todo.txt
+document=$directory/household.cvbx
 export CORVANE_CONTAINER=$directory/container
 
 day() {
@@ -43,6 +45,11 @@ run() {
     printf ' %q' "$@"
     printf '\n'
     "$corvane" "$@"
+}
+
+# The document's task of that title.
+uri_of() {
+    sed -n "s|.*<task uri=\"\([^\"]*\)\"><titleRaw>$1</titleRaw>.*|\1|p" "$document"
 }
 
 fill_in_days examples/household.todo.txt > "$list"
@@ -73,7 +80,21 @@ run show
 run tasks --project party
 run status
 
-printf '\nEverything is in %s: the list, and the container with\n' "$directory"
+say "The list becomes a backup document, which holds what a list cannot: here, a start day"
+run convert "$list" "$document"
+run complete "$(uri_of 'Sharpen the pruning shears')" --file "$document"
+run set "$(uri_of "Plan Grandma's birthday")" start "$(day 6)" --file "$document"
+
+say "It is exported as a table, and turned into a list again"
+run export-csv "$document" -o "$directory/household.csv"
+printf '$ head -n 3 %s\n' "$directory/household.csv"
+head -n 3 "$directory/household.csv"
+run convert "$document" "$directory/household-again.todo.txt"
+printf '$ diff %s %s\n' "$list" "$directory/household-again.todo.txt"
+diff "$list" "$directory/household-again.todo.txt" || true
+
+printf '\nEverything is in %s: the lists, the document, the table, and the container with\n' \
+    "$directory"
 for entry in "$CORVANE_CONTAINER"/*; do
     printf '  %s\n' "$entry"
 done
