@@ -1,0 +1,56 @@
+// A push button, or with a state one that stays on.
+#pragma once
+
+#include "corvane/platform/Image.h"
+#include "corvane/views/Control.h"
+
+#include <string>
+#include <utility>
+
+namespace corvane::views {
+
+/// The platform's codes.
+enum class BezelStyle { Rounded = 1, TexturedRounded = 11 };
+
+class Button : public Control {
+  public:
+    using Control::Control;
+
+    const std::string& title() const { return title_; }
+    void setTitle(std::string title);
+    const platform::ImagePtr& image() const { return image_; }  ///< null where there is none
+    void setImage(platform::ImagePtr image);
+    BezelStyle bezelStyle() const { return bezelStyle_; }
+    void setBezelStyle(BezelStyle style) { bezelStyle_ = style; }
+
+    /// Whether each click turns it on or off, as with a check box.
+    bool toggles() const { return toggles_; }
+    void setToggles(bool toggles) { toggles_ = toggles; }
+    bool isOn() const { return on_; }
+    void setOn(bool on);
+
+    /// As a click does it. Nothing while it is disabled.
+    void performClick();
+
+    Size preferredSizeThatFits(Size available) override;
+    void draw(Canvas& canvas, const Rect& dirty) override;
+    bool mouseDown(const MouseEvent& event) override;
+    bool mouseDragged(const MouseEvent& event) override;
+    bool mouseUp(const MouseEvent& event) override;
+    bool keyDown(const KeyEvent& event) override;
+    bool acceptsFirstResponder() const override { return isEnabled(); }
+    Role accessibilityRole() const override { return Role::Button; }
+    std::string accessibilityName() const override;
+
+  private:
+    void setPressed(bool pressed);
+
+    std::string title_;
+    platform::ImagePtr image_;
+    BezelStyle bezelStyle_ = BezelStyle::Rounded;
+    bool toggles_ = false;
+    bool on_ = false;
+    bool pressed_ = false;
+};
+
+}  // namespace corvane::views

@@ -1,0 +1,28 @@
+// A view that the user operates and that tells somebody.
+#pragma once
+
+#include "corvane/views/View.h"
+
+#include <functional>
+#include <utility>
+
+namespace corvane::views {
+
+class Control : public View {
+  public:
+    using Action = std::function<void(Control& sender)>;
+    using View::View;
+
+    void setAction(Action action) { action_ = std::move(action); }
+    /// Tells whoever set the action; nobody where none did.
+    virtual void sendAction();
+
+    bool isEnabled() const { return enabled_; }
+    void setEnabled(bool enabled);
+
+  private:
+    Action action_;
+    bool enabled_ = true;
+};
+
+}  // namespace corvane::views

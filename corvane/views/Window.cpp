@@ -1,0 +1,214 @@
+#include "corvane/views/Window.h"
+
+#include "corvane/views/Event.h"
+#include "corvane/views/Menu.h"
+#include "corvane/views/WindowHost.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace corvane::views {
+
+namespace {
+
+/// Whoever loses the focus may give it to another one, and that one to a third.
+constexpr int kMostHandovers = 8;
+
+/// Offers an event to a view, then to those around it, until one is done with it.
+template <typename Offer>
+std::shared_ptr<View> offer(std::shared_ptr<View> view, const Offer& isDone) {
+    while (view) {
+        if (isDone(*view)) return view;
+        View* above = view->superview();
+        view = above ? above->shared_from_this() : nullptr;
+    }
+    return nullptr;
+}
+
+std::shared_ptr<View> firstKeyViewIn(const View& view) {
+    for (const auto& inside : view.subviews()) {
+        if (inside->isHidden()) continue;
+        if (inside->canBecomeKeyView()) return inside;
+        if (auto found = firstKeyViewIn(*inside)) return found;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+class Window::Root final : public View {
+  public:
+    Root(Window& window, const Rect& frame) : View(frame), window_(&window) {}
+    Window* window() const override { return window_; }
+    bool clipsToBounds() const override { return true; }
+    void leaveWindow() { window_ = nullptr; }
+
+  private:
+    Window* window_;
+};
+
+Window::Window(Size size)
+    : root_(std::make_shared<Root>(*this, Rect{0, 0, size.width, size.height})) {}
+
+Window::~Window() {
+    static_cast<Root&>(*root_).leaveWindow();
+}
+
+WindowHost& Window::host() const {
+    static WindowHost nobody;
+    return host_ ? *host_ : nobody;
+}
+
+void Window::setSize(Size size) {
+    root_->setFrameSize(size);
+    if (contentView_) contentView_->setFrame(root_->bounds());
+}
+
+void Window::setContentView(const std::shared_ptr<View>& view) {
+    if (view == contentView_) return;
+    if (contentView_) contentView_->removeFromSuperview();
+    contentView_ = view;
+    if (!view) return;
+    view->setFrame(root_->bounds());
+    root_->addSubview(view);
+}
+
+void Window::setActive(bool active) {
+    if (active == active_) return;
+    active_ = active;
+    root_->setNeedsDisplay();
+}
+
+// Focus.
+
+bool Window::makeFirstResponder(const std::shared_ptr<View>& view) {
+    if (view == firstResponder_.lock()) return true;
+    const auto isWelcome = [&] {
+        return !view || (view->window() == this && view->acceptsFirstResponder());
+    };
+    if (!isWelcome() || !resignFirstResponder(nullptr, false) || !isWelcome()) return false;
+    firstResponder_ = view;
+    host().firstResponderDidChange(view);
+    if (!view) return true;
+    view->setNeedsDisplay();
+    if (!view->becomeFirstResponder() && firstResponder_.lock() == view) {
+        firstResponder_.reset();
+        host().firstResponderDidChange(nullptr);
+    }
+    return firstResponder_.lock() == view;
+}
+
+bool Window::resignFirstResponder(const View* within, bool evenIfRefused) {
+    for (int i = 0; i < kMostHandovers; ++i) {
+        const auto view = firstResponder_.lock();
+        if (!view || (within && !view->isDescendantOf(*within))) return true;
+        if (!view->resignFirstResponder() && !evenIfRefused) return false;
+        view->setNeedsDisplay();
+        if (firstResponder_.lock() == view) firstResponder_.reset();
+    }
+    return firstResponder_.expired();
+}
+
+bool Window::selectKeyView(const std::shared_ptr<View>& view) {
+    return view && makeFirstResponder(view);
+}
+
+bool Window::selectNextKeyViewOf(const View& view) {
+    return selectKeyView(view.nextValidKeyView());
+}
+
+bool Window::selectPreviousKeyViewOf(const View& view) {
+    return selectKeyView(view.previousValidKeyView());
+}
+
+void Window::willRemove(const View& view) {
+    if (const auto captured = captured_.lock(); captured && captured->isDescendantOf(view))
+        captured_.reset();
+    const auto first = firstResponder_.lock();
+    if (!first || !first->isDescendantOf(view)) return;
+    resignFirstResponder(&view, true);
+    if (firstResponder_.expired()) host().firstResponderDidChange(nullptr);
+}
+
+// Events.
+
+bool Window::mouseDown(const MouseEvent& event) {
+    captured_.reset();
+    const auto taker =
+        offer(viewAt(event.locationInWindow()), [&](View& view) { return view.mouseDown(event); });
+    if (taker && taker->window() == this) captured_ = taker;
+    return taker != nullptr;
+}
+
+bool Window::mouseDragged(const MouseEvent& event) {
+    const auto view = captured_.lock();
+    return view && view->mouseDragged(event);
+}
+
+bool Window::mouseUp(const MouseEvent& event) {
+    const auto view = captured_.lock();
+    captured_.reset();
+    return view && view->mouseUp(event);
+}
+
+std::shared_ptr<Menu> Window::contextMenu(const MouseEvent& event) {
+    std::shared_ptr<Menu> menu;
+    offer(viewAt(event.locationInWindow()), [&](View& view) {
+        menu = view.menuForEvent(event);
+        return menu != nullptr;
+    });
+    if (menu) host().showMenu(menu, event.locationInWindow());
+    return menu;
+}
+
+bool Window::keyDown(const KeyEvent& event) {
+    const auto first = firstResponder_.lock();
+    if (offer(first, [&](View& view) { return view.keyDown(event); })) return true;
+    // Whoever has no focus can still be reached by the keyboard.
+    if (!first && commandForKey(event) == Command::InsertTab)
+        return selectKeyView(firstKeyViewIn(*root_));
+    host().beep();
+    return false;
+}
+
+// Drawing.
+
+void Window::invalidate(const Rect& rect) {
+    if (dirty_.isEmpty()) {
+        dirty_ = rect;
+    } else {
+        const double x = std::min(dirty_.x, rect.x);
+        const double y = std::min(dirty_.y, rect.y);
+        dirty_ = {x, y, std::max(dirty_.right(), rect.right()) - x,
+                  std::max(dirty_.bottom(), rect.bottom()) - y};
+    }
+    host().windowNeedsDisplay(rect);
+}
+
+Rect Window::takeDirtyRect() {
+    return std::exchange(dirty_, {});
+}
+
+// Sheets and drags.
+
+void Window::beginSheet(Alert alert, AlertCompletion completion) {
+    sheets_.push_back({std::move(alert), std::move(completion)});
+    if (sheets_.size() == 1) host().showSheet(sheets_.front().alert);
+}
+
+void Window::endSheet(int response) {
+    if (sheets_.empty()) return;
+    const AlertCompletion completion = std::move(sheets_.front().completion);
+    sheets_.pop_front();
+    // The next one is on its way before anybody can add another.
+    if (!sheets_.empty()) host().showSheet(sheets_.front().alert);
+    if (completion) completion(response);
+}
+
+void Window::beginDragging(DragSession session) {
+    captured_.reset();
+    dragSession_ = std::make_shared<DragSession>(std::move(session));
+    host().beginDragging(dragSession_);
+}
+
+}  // namespace corvane::views
