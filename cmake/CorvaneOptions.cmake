@@ -1,6 +1,7 @@
 # Build switches, and the compile settings that every target of this project shares.
 
 option(CORVANE_BUILD_APPS "Build the reference programs" ${PROJECT_IS_TOP_LEVEL})
+option(CORVANE_BUILD_QT "Build the layer on Qt, and the programs that show windows" OFF)
 option(CORVANE_BUILD_TESTS "Build the tests" OFF)
 option(CORVANE_BUILD_BENCH "Build the benchmarks" OFF)
 option(CORVANE_BUILD_FUZZ "Build the fuzz targets (clang only)" OFF)

@@ -1,0 +1,226 @@
+#include "corvane/qt/LiveEditor.h"
+
+#include "corvane/qt/Geometry.h"
+#include "corvane/qt/Keys.h"
+#include "corvane/views/TextField.h"
+#include "corvane/views/Window.h"
+
+#include <QCoreApplication>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWidget>
+
+namespace corvane::qt {
+
+using views::Command;
+using views::TextField;
+
+namespace {
+
+/// The field editor counts bytes.
+std::size_t bytesBefore(const QString& text, int position) {
+    return static_cast<std::size_t>(QStringView(text).left(position).toUtf8().size());
+}
+
+int unitsBefore(const std::string& text, std::size_t position) {
+    return static_cast<int>(qString(std::string_view(text).substr(0, position)).size());
+}
+
+}  // namespace
+
+LiveEditor::LiveEditor(QWidget& host, views::Window& window, Calls calls)
+    : host_(host), window_(window), calls_(std::move(calls)), frame_(new QWidget(&host)) {
+    frame_->hide();
+}
+
+LiveEditor::~LiveEditor() = default;
+
+std::shared_ptr<TextField> LiveEditor::client() const {
+    return input_ ? window_.fieldEditor().client() : nullptr;
+}
+
+TextInput& LiveEditor::inputFor(const TextField& field) {
+    auto& input = field.isMultiline() ? paragraph_ : line_;
+    if (!input) {
+        const auto make = field.isMultiline() ? makeParagraphInput : makeLineInput;
+        input = make(*frame_, [this] { textChanged(); });
+        input->widget().installEventFilter(this);
+        if (&input->surface() != &input->widget()) input->surface().installEventFilter(this);
+        input->widget().hide();
+    }
+    return *input;
+}
+
+void LiveEditor::begin(TextField& field, platform::Appearance appearance) {
+    input_ = &inputFor(field);
+    takeStyle(appearance);
+    taking_ = true;
+    input_->setText(qString(field.stringValue()));
+    taking_ = false;
+    place();
+    frame_->show();
+    frame_->raise();
+    input_->widget().show();
+    input_->widget().setFocus(Qt::OtherFocusReason);
+    takeSelection();
+}
+
+void LiveEditor::end() {
+    if (!input_) return;
+    QWidget& widget = input_->widget();
+    const bool hadFocus = widget.hasFocus();
+    input_ = nullptr;
+    // Before it is hidden: the desktop would give the focus to whoever is next.
+    if (hadFocus) host_.setFocus(Qt::OtherFocusReason);
+    widget.hide();
+    frame_->hide();
+}
+
+void LiveEditor::takeStyle(platform::Appearance appearance) {
+    if (const auto field = client()) input_->takeStyleOf(*field, appearance);
+}
+
+void LiveEditor::takeText() {
+    const auto field = client();
+    if (!field) return;
+    const QString text = qString(field->stringValue());
+    if (text != input_->text()) {
+        taking_ = true;
+        input_->setText(text);
+        taking_ = false;
+    }
+    takeSelection();
+}
+
+void LiveEditor::place() {
+    const auto field = client();
+    if (!field) return;
+    const auto text = field->textRect();
+    const QRect whole = qRect(field->convertToWindow(text)).toRect();
+    const QRect visible = qRect(field->convertToWindow(field->visibleRect())).toAlignedRect();
+    const int overhang = input_->overhang();
+    const QRect wanted = whole.adjusted(-overhang, 0, overhang, 0);
+    // Of no size where it is scrolled away; hidden, it would lose the focus.
+    const QRect shown = wanted.intersected(visible);
+    frame_->setGeometry(shown);
+    input_->widget().setGeometry(wanted.translated(-shown.topLeft()));
+}
+
+bool LiveEditor::hasFocus() const {
+    return input_ && input_->widget().hasFocus();
+}
+
+void LiveEditor::forward(const QMouseEvent& event) {
+    if (!input_) return;
+    QWidget& surface = input_->surface();
+    const QPointF local = surface.mapFrom(&host_, event.position());
+    QMouseEvent copy(event.type(), local, event.globalPosition(), event.button(), event.buttons(),
+                     event.modifiers());
+    QCoreApplication::sendEvent(&surface, &copy);
+}
+
+// From the widget to the field.
+
+void LiveEditor::textChanged() {
+    if (taking_ || !client()) return;
+    giveSelection();
+    window_.fieldEditor().setText(input_->text().toStdString());
+    if (client()) giveSelection();
+}
+
+void LiveEditor::giveSelection() {
+    const QString text = input_->text();
+    const auto selection = input_->selection();
+    window_.fieldEditor().setSelection(bytesBefore(text, selection.start),
+                                       bytesBefore(text, selection.end));
+}
+
+void LiveEditor::takeSelection() {
+    const auto field = client();
+    if (!field) return;
+    const auto& editor = window_.fieldEditor();
+    input_->setSelection({unitsBefore(field->stringValue(), editor.selectionStart()),
+                          unitsBefore(field->stringValue(), editor.selectionEnd())});
+}
+
+bool LiveEditor::eventFilter(QObject* watched, QEvent* event) {
+    if (!input_ || (watched != &input_->widget() && watched != &input_->surface())) return false;
+    switch (event->type()) {
+        case QEvent::ShortcutOverride:
+            // What is bound to a command is no shortcut of the program while a text is edited.
+            if (!views::commandForKey(keyEventOf(static_cast<QKeyEvent&>(*event)))) return false;
+            event->accept();
+            return true;
+        case QEvent::KeyPress:
+            return keyPressed(static_cast<QKeyEvent&>(*event));
+        case QEvent::FocusIn:
+            calls_.focusChanged();
+            return false;
+        case QEvent::FocusOut:
+            focusLost(static_cast<QFocusEvent&>(*event).reason());
+            return false;
+        case QEvent::Wheel:
+            event->ignore();
+            return watched == &input_->surface() && watched != &input_->widget();
+        default:
+            return false;
+    }
+}
+
+void LiveEditor::focusLost(Qt::FocusReason reason) {
+    const bool comesBack = reason == Qt::ActiveWindowFocusReason ||
+                           reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
+    if (!comesBack && !host_.hasFocus()) window_.makeFirstResponder(nullptr);
+    calls_.focusChanged();
+}
+
+bool LiveEditor::widgetDoes(Command command, bool multiline) const {
+    switch (command) {
+        case Command::MoveLeft:
+        case Command::MoveRight:
+        case Command::SelectAll:
+        case Command::DeleteForward:
+        case Command::DeleteBackward:
+            return true;
+        case Command::MoveUp:
+        case Command::MoveDown:
+        case Command::ExtendSelectionUp:
+        case Command::ExtendSelectionDown:
+        case Command::InsertNewline:
+        case Command::InsertLineBreak:
+            return multiline;
+        default:
+            return false;
+    }
+}
+
+bool LiveEditor::keyPressed(const QKeyEvent& event) {
+    const auto key = keyEventOf(event);
+    const auto command = views::commandForKey(key);
+    const auto field = client();
+    if (!field) return false;
+    giveSelection();
+    if (field->takesKey(key)) {
+        takeText();
+        return true;
+    }
+    if (!command) return false;
+    bool done = true;
+    if (!widgetDoes(*command, field->isMultiline())) {
+        calls_.keyDown(key);
+    } else {
+        done = window_.fieldEditor().delegateDoes(*command);
+    }
+    if (client() != field) return true;
+    if (done) {
+        takeText();
+    } else if (*command == Command::InsertNewline || *command == Command::InsertLineBreak) {
+        // By itself the widget would break a line in a way that no other program reads.
+        input_->insert(QStringLiteral("\n"));
+        done = true;
+    }
+    return done;
+}
+
+}  // namespace corvane::qt

@@ -1,0 +1,42 @@
+#include "corvane/qt/Sheets.h"
+
+#include "corvane/qt/Geometry.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace corvane::qt {
+
+namespace {
+
+/// Closed without a choice, which is possible only for a program: as Escape does it.
+int answerOf(const QMessageBox& box, const QList<QPushButton*>& buttons) {
+    const auto index = buttons.indexOf(qobject_cast<QPushButton*>(box.clickedButton()));
+    return views::kAlertFirstButtonReturn +
+           static_cast<int>(index >= 0 ? index : buttons.size() - 1);
+}
+
+}  // namespace
+
+QMessageBox* showSheet(const views::Alert& alert, QWidget& parent,
+                       views::AlertCompletion completion) {
+    auto* box = new QMessageBox(&parent);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(qString(alert.messageText));
+    box->setInformativeText(qString(alert.informativeText));
+    QList<QPushButton*> buttons;
+    for (const std::string& title : alert.buttons)
+        buttons.append(box->addButton(
+            qString(title), buttons.isEmpty() ? QMessageBox::AcceptRole : QMessageBox::RejectRole));
+    if (buttons.isEmpty()) buttons.append(box->addButton(QMessageBox::Ok));
+    box->setDefaultButton(buttons.front());
+    box->setEscapeButton(buttons.back());
+    QObject::connect(
+        box, &QMessageBox::finished, &parent,
+        [box, buttons, done = std::move(completion)] { done(answerOf(*box, buttons)); });
+    box->open();
+    return box;
+}
+
+}  // namespace corvane::qt
