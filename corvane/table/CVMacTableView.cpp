@@ -63,7 +63,7 @@ CVMacTableView::~CVMacTableView() = default;
 // The whole table.
 
 void CVMacTableView::reloadData() {
-    trace("[CVMacTableView reloadData] for '{}'", debugName());
+    trace("[CVMacTableView reloadData] for '{}'", nameInLines());
     dataLoaded_ = true;
     const auto keepAlive = weak_from_this().lock();
     // What is being typed is committed while the table is still whole.
@@ -88,6 +88,7 @@ void CVMacTableView::reloadData() {
         const Index sections = source->numberOfSectionsInTableView(*this);
         if (reload != reloads_) return;
         numberOfSections_ = sections;
+        // The pool stays then: sections that are inserted next fill its cells again.
         if (sections <= 0) return;
         const Stopwatch stopwatch;
         for (Index section = 0; section < sections && reload == reloads_; ++section)
@@ -274,7 +275,7 @@ bool CVMacTableView::reloadRow(const IndexPath& path,
     }
     const float height = measure(*cell, cellWidth);
     if (!rows_.holds(*cell)) return true;
-    if (before) difference += height - rows_.heightAt(cell->indexPath().toNSIndexPath());
+    difference += height - rows_.heightAt(cell->indexPath().toNSIndexPath());
     rows_.setHeight(cell->indexPath().toNSIndexPath(), height);
     return true;
 }

@@ -129,6 +129,8 @@ class CVMacTableView : public CVMacLayoutableView,
     void selectAllCells();
     void deselectCell(const CellPtr& cell);
     void selectRangeToCell(const CellPtr& cell);
+    /// Gives the row the focus, and selects it as a click would if the delegate is to be told. One
+    /// who is not to be told is about to set the selection itself.
     void performSelectRowAtIndexPath(const CVIndexPath& path, bool informDelegate = true);
     void didSelectRowAtIndexPath(const CVIndexPath& path, Mode mode, bool informDelegate);
     OptionalPath willSelectRowAtIndexPath(const CVIndexPath& path);
@@ -230,7 +232,7 @@ class CVMacTableView : public CVMacLayoutableView,
 
   protected:
     void frameDidChange(const views::Rect& before) override;
-    void settingDidChange() override;
+    void settingDidChange(Change change) override;
     /// The scroll view around the table has another size, or other insets.
     virtual void scrollViewFrameSizeDidChange();
 

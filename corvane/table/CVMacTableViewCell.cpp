@@ -33,6 +33,7 @@ void CVMacTableViewCell::prepareForReuse() {
     placeholderCell_ = false;
     activeDragSource_ = false;
     filtered_ = false;
+    withdrawClick();  // it was meant for the other row
 }
 
 // Looks.

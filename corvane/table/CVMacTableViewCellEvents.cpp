@@ -166,6 +166,7 @@ bool CVMacTableViewCell::keyDown(const views::KeyEvent& event) {
             return doCommand(views::Command::ExtendSelectionUp);
         if (event.has(views::kModifierCommand) && interpretCommandKey(event)) return true;
     }
+    // With or without an accessory: the key does what a row is ticked off with, wherever that is.
     if (table && event.characters() == " ") {
         table->accessoryButtonTappedForRowWithIndexPath(indexPath());
         return true;

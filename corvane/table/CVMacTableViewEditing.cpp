@@ -19,7 +19,7 @@ using Source = CVMacTableViewDataSource;
 using Style = CVMacTableViewEditingStyle;
 
 std::string described(const views::View* view) {
-    if (!view) return "(none)";
+    if (!view) return "(null)";
     const std::string name = view->accessibilityName();
     return name.empty() ? "(unnamed)" : name;
 }
@@ -124,6 +124,7 @@ void CVMacTableView::cellDidChangeValueForView(Cell& cell, views::View&) {
         placeholder_.committed(share);
         style = Style::Insert;
     }
+    // What was typed stays even where it is not committed: it is no longer the row to be given up.
     if (!ask(source, &Source::tableViewCanInlineEditRowAtIndexPath, false, *this,
              cell.indexPath()) ||
         !rows_.holds(cell))

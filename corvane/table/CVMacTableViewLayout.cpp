@@ -76,13 +76,13 @@ views::Size CVMacTableView::preferredSizeForSection(Index section, double cellWi
 }
 
 views::Size CVMacTableView::preferredSizeThatFits(views::Size) {
-    trace("[CVMacTableView preferredSize] for '{}'", debugName());
+    trace("[CVMacTableView preferredSize] for '{}'", nameInLines());
     layoutIfNeeded();
     const double width = maximumContentSizeForScrollView(enclosingScrollView()).width;
     double height = top() + bottom();
     for (Index section = 0; section < rows_.sectionCount(); ++section)
         height += preferredSizeForSection(section, cellWidthForTotalWidth(width)).height;
-    trace("[/CVMacTableView preferredSize] for '{}' returning {:f} x {:f}", debugName(), width,
+    trace("[/CVMacTableView preferredSize] for '{}' returning {:f} x {:f}", nameInLines(), width,
           height);
     return {width, height};
 }
@@ -96,9 +96,9 @@ void CVMacTableView::adjustFrameSizeToTotalWidth(double width, double preferredH
 // Positions.
 
 void CVMacTableView::applyLayout() {
-    trace("[CVMacTableView applyLayout] for '{}'", debugName());
+    trace("[CVMacTableView applyLayout] for '{}'", nameInLines());
     relayoutAllRows();
-    trace("[/CVMacTableView applyLayout] for '{}'", debugName());
+    trace("[/CVMacTableView applyLayout] for '{}'", nameInLines());
 }
 
 void CVMacTableView::relayoutAllRows() {
@@ -163,9 +163,10 @@ void CVMacTableView::frameDidChange(const views::Rect& before) {
     if (!adjustingFrame_) CVMacLayoutableView::frameDidChange(before);
 }
 
-void CVMacTableView::settingDidChange() {
-    if (dataLoaded_) updateAllRowHeightsWithCellWidth(currentCellWidth());
-    setNeedsApplyLayout();
+void CVMacTableView::settingDidChange(Change change) {
+    if (change == Change::Heights && dataLoaded_)
+        updateAllRowHeightsWithCellWidth(currentCellWidth());
+    if (change != Change::Looks) setNeedsApplyLayout();
     setNeedsDisplay();
 }
 
@@ -178,11 +179,11 @@ std::vector<std::shared_ptr<views::View>> CVMacTableView::subviewsIn(
     for (const auto& [header, cells, heights] : rows_.sections()) {
         own += cells.size() + (header ? 1 : 0);
         if (header && header->frame().intersects(rect)) result.push_back(header);
-        auto cell = std::partition_point(cells.begin(), cells.end(), [&](const CellPtr& one) {
-            return !one || one->frame().bottom() <= rect.y;
-        });
-        for (; cell != cells.end() && *cell && (*cell)->frame().y < rect.bottom(); ++cell)
+        for (auto cell = firstCellBelow(cells, rect.y); cell != cells.end(); ++cell) {
+            if (!*cell) continue;
+            if ((*cell)->frame().y >= rect.bottom()) break;
             if ((*cell)->frame().height > 0) result.push_back(*cell);
+        }
     }
     // A subclass may have put views of its own between the sections.
     if (subviews().size() > own) return View::subviewsIn(rect);

@@ -48,6 +48,8 @@ bool CVMacTableView::mayMoveSelectedRow(const IndexPath& from, RowStep step) {
 void CVMacTableView::moveSelectedRows(RowStep step) {
     const auto source = dataSource();
     const auto delegate = this->delegate();
+    // The delegate's operation only says that whoever controls the table wants rows moved by keys;
+    // the source, which has the rows, is the one to be called.
     if (!source || !delegate || !delegate->beginMovingRowsInTableView ||
         !source->tableViewMoveRowAtIndexPath || !source->commitMovingRowsInTableView)
         return;
@@ -62,8 +64,8 @@ void CVMacTableView::moveSelectedRows(RowStep step) {
     const bool mayMove = std::all_of(paths.begin(), paths.end(), [&](const IndexPath& path) {
         return mayMoveSelectedRow(path, step) && revision == rows_.revision();
     });
-    trace("after check-move");
     if (!mayMove) return;
+    trace("after check-move");
 
     std::vector<CellPtr> cells;
     for (const IndexPath& path : paths)

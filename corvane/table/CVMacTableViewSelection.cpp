@@ -177,6 +177,8 @@ bool CVMacTableView::mouseUp(const views::MouseEvent& event) {
 }
 
 bool CVMacTableView::doCommand(views::Command command) {
+    // The way into the rows. Only walking on from one tells the delegate, so that a table that is
+    // merely passed through opens nothing.
     const auto focusAlone = [this](const CellPtr& cell) {
         selectCell(cell, true);
         if (cell && window()) window()->makeFirstResponder(cell);
@@ -237,7 +239,15 @@ void CVMacTableView::cellRequestsPreviousCell(Cell& cell, bool extendingSelectio
 
 void CVMacTableView::requestSection(Cell& cell, RowStep step, bool extendingSelection) {
     const auto path = rowInAdjacentSection(rows_, cell.indexPath().toNSIndexPath(), step);
-    if (path) requestCell(cell, rows_.cellAt(*path), extendingSelection);
+    if (!path) return;
+    // Who lets keys lead from section to section has to follow them. A delegate that cannot is a
+    // mistake, and one that is hard to see on the screen.
+    if (const auto delegate = this->delegate();
+        delegate && !delegate->tableViewDidSelectRowAtIndexPath)
+        trace(
+            "ERROR: CVMacTableView cursor moves between sections need a delegate with "
+            "tableView:didSelectRowAtIndexPath:");
+    requestCell(cell, rows_.cellAt(*path), extendingSelection);
 }
 
 void CVMacTableView::cellRequestsNextSection(Cell& cell, bool extendingSelection) {

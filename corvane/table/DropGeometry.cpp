@@ -7,16 +7,24 @@
 
 namespace corvane {
 
+std::vector<RowCache::CellPtr>::const_iterator firstCellBelow(
+    const std::vector<RowCache::CellPtr>& cells, double y) {
+    return std::partition_point(cells.begin(), cells.end(), [&](const RowCache::CellPtr& cell) {
+        // A row without a cell lies where the one above it does.
+        const RowCache::CellPtr* placed = &cell;
+        while (!*placed && placed != cells.data())
+            --placed;
+        return !*placed || (*placed)->frame().bottom() <= y;
+    });
+}
+
 std::optional<IndexPath> DropGeometry::rowInSectionAt(RowCache::Index section,
                                                       platform::Point point) const {
     if (!rows_.hasSection(section)) return std::nullopt;
     const auto& cells = rows_.sections()[static_cast<std::size_t>(section)].cells;
     // Rows stand in order, so the first one that ends below the point is the only one to look at.
-    const auto found =
-        std::partition_point(cells.begin(), cells.end(), [&](const RowCache::CellPtr& cell) {
-            return !cell || cell->frame().bottom() + 1 <= point.y;
-        });
-    if (found == cells.end() || !*found) return std::nullopt;
+    const auto found = firstCellBelow(cells, point.y - 1);
+    if (found == cells.end()) return std::nullopt;
     platform::Rect frame = (*found)->frame();
     ++frame.height;
     if (!frame.contains(point)) return std::nullopt;

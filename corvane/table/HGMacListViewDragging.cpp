@@ -94,7 +94,14 @@ views::DragOperation HGMacListView::draggingEntered(views::DraggingInfo&) {
 views::DragOperation HGMacListView::draggingUpdated(views::DraggingInfo& info) {
     if (!indicator_) return views::kDragOperationGeneric;
     views::Point location;
-    targetIndexForDraggingInfo(info, location);
+    const Index target = targetIndexForDraggingInfo(info, location);
+    // Before and after itself an item stays where it is.
+    const ItemPtr source = activeDraggingSourceItem();
+    const Index from = source ? indexOfItem(*source) : kNotFound;
+    if (from != kNotFound && (target == from || target == from + 1)) {
+        indicator_->setHidden(true);
+        return views::kDragOperationGeneric;
+    }
     const double height = indicator_->lineHeight();
     indicator_->setFrame({location.x, std::round(location.y - height / 2), frame().width, height});
     indicator_->setHidden(false);

@@ -30,7 +30,7 @@ TablePrint::TablePrint(std::shared_ptr<CVMacTableView> table, platform::Size pag
     commitEditing(*table_);
     if (const auto* scrollView = table_->enclosingScrollView())
         scrolledTo_ = scrollView->documentVisibleRect().origin();
-    hideSelection();
+    showSelection(false);
     table_->setPrinting(true);
     layOut();
     divide();
@@ -43,18 +43,13 @@ TablePrint::~TablePrint() {
     table_->updateAllRowHeightsWithCellWidth(table_->cellWidthForTotalWidth(width));
     table_->layoutIfNeeded();
     if (scrollView) scrollView->scrollTo(scrolledTo_);
-    for (const auto& weak : selectedCells_)
-        if (const auto cell = std::static_pointer_cast<CVMacTableViewCell>(weak.lock()))
-            cell->setSelected(true);
+    showSelection(true);
 }
 
-void TablePrint::hideSelection() {
-    for (const CVIndexPath& path : table_->allIndexPathsForSelectedRows()) {
-        const auto cell = table_->cellForRowAtIndexPath(path);
-        // Only how it looks: the table still knows that the row is selected.
-        cell->setSelected(false);
-        selectedCells_.push_back(cell);
-    }
+void TablePrint::showSelection(bool shows) {
+    // Only how it looks: the table knows all the while what is selected.
+    for (const CVIndexPath& path : table_->allIndexPathsForSelectedRows())
+        if (const auto cell = table_->cellForRowAtIndexPath(path)) cell->setSelected(shows);
 }
 
 void TablePrint::layOut() {

@@ -39,14 +39,13 @@ class TablePrint {
     };
 
     double heightOf(const Page& page) const;
-    void hideSelection();
+    void showSelection(bool shows);
     void layOut();
     void divide();
 
     std::shared_ptr<CVMacTableView> table_;
     platform::Size pageSize_;
     std::vector<Page> pages_;
-    std::vector<std::weak_ptr<views::View>> selectedCells_;
     platform::Point scrolledTo_;
     bool wasPrinting_;
 };

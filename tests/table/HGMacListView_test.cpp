@@ -174,6 +174,11 @@ TEST(ListView, TakesItemsRowsAndTexts) {
     EXPECT_EQ(HGMacListView::readTextsFromPasteboard(session->pasteboard).front(), "one");
     fixture.window.draggingMoved(info);
     EXPECT_EQ(fixture.list->draggingIndicatorView()->frame(), (Rect{0, 49, 100, 2}));
+    for (const double y : {10.0, 30.0, 70.0}) {
+        info.setDraggingLocation({50, y});
+        fixture.window.draggingMoved(info);
+        EXPECT_EQ(fixture.list->draggingIndicatorView()->isHidden(), y < 37) << y;
+    }
     EXPECT_TRUE(dropAt(info, 30));  // before the second one: where it is
     EXPECT_EQ(fixture.state(), "one two three / one two three ");
     EXPECT_TRUE(dropAt(info, 70));

@@ -105,6 +105,12 @@ TEST(TableCell, DefersItsSingleClick) {
     EXPECT_EQ(fixture.takeLog(), "will ");
     fixture.type(" ");
     EXPECT_EQ(fixture.takeLog(), "tap ");
+    accessory->setHidden(false);
+    accessory->setFrame({0, 0, 20, 44});
+    fixture.click({5, 5});
+    fixture.table->reloadData();  // another row may have the cell now
+    fixture.loop.advance(1);
+    EXPECT_EQ(fixture.takeLog(), "will ");
     fixture.click({5, 5});
     fixture.source->numbers.clear();
     fixture.table->setAutoReuseCells(false);
@@ -143,6 +149,10 @@ TEST(TableKeys, WalkRowsAndSections) {
     table.setAllowsMultipleSelections(false);
     fixture.press(kKeyDownArrow, kModifierShift);  // moves
     EXPECT_EQ(fixture.rows(), "1 . [3 ||4 |5 6 |");
+    fixture.delegate->tableViewDidSelectRowAtIndexPath = {};
+    fixture.press(kKeyRightArrow);
+    EXPECT_TRUE(fixture.console.lines().back().starts_with("ERROR: CVMacTableView cursor moves"));
+    EXPECT_EQ(fixture.rows(), "1 . 3 ||[4 |5 6 |");
     int exits = 0;
     fixture.delegate->didExitTableView = [&](auto&) { ++exits; };
     fixture.press(kKeyEscape);
@@ -296,6 +306,9 @@ TEST(TableMoves, SelectedRowsByKeys) {
         fixture.cell(0, 0)->doCommand(command);
         EXPECT_EQ(fixture.rows(), rows);
         EXPECT_EQ(fixture.takeLog(), log);
+        const auto& lines = fixture.console.lines();
+        EXPECT_EQ(std::count(lines.begin(), lines.end(), "after check-move"),
+                  std::string(log).ends_with("commit "));
     }
     TableFixture fixture({{1, 2}});
     fixture.focus(0, 0);

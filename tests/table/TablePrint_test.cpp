@@ -53,6 +53,7 @@ TEST(TablePagination, EndsPagesBetweenRows) {
              {"only with its header", {{9, 89}}, 20, "0.0:30 0.1:110 "},
              {"hidden rows", {{0, 49, 0, 49, 0}, {0, 0}}, 0, "0.0:100 "},
              {"hidden rows at the end of a page", {{69, 0, 0}, {9}}, 20, "0.0:90 1.0:30 "},
+             {"the header of hidden rows", {{69}, {0}}, 20, "0.0:90 1.0:20 "},
              {"headers without rows", {{}, {0}, {69}}, 20, "0.0:40 2.0:90 "},
          })
         EXPECT_EQ(pagesOf(c.heights, c.header, 100), c.pages) << c.name;
@@ -87,7 +88,7 @@ struct NotingCanvas final : views::Canvas {
 /// Higher where it is narrower, as rows of text are.
 struct PrintedCell : NumberedCell {
     using NumberedCell::NumberedCell;
-    double rowHeightForContentWidth(double width) override { return width < 150 ? 59 : 29; }
+    double rowHeightForContentWidth(double width) override { return width < 250 ? 89 : 59; }
     void draw(views::Canvas& canvas, const views::Rect& dirty) override {
         CVMacTableViewCell::draw(canvas, dirty);
         canvas.drawText(fmt::format("{}{}", number, selected() ? "!" : ""), bounds(), {});
@@ -117,7 +118,7 @@ TEST(TablePrint, DrawsRowsForPaperAndLeavesTheScreenAsItWas) {
     table.performSelectRowAtIndexPath({0, 1});
     table.insertPlaceholderCellAtIndexPath({0, 1});
     fixture.loop.runTurn();
-    fixture.scrollView->scrollTo({0, 300});
+    fixture.scrollView->scrollTo({0, 2000});
     const auto frames = [&] {
         std::vector<platform::Rect> found{table.frame()};
         for (const auto& view : table.subviews())
@@ -126,8 +127,9 @@ TEST(TablePrint, DrawsRowsForPaperAndLeavesTheScreenAsItWas) {
     };
     const auto before = frames();
     {
-        // On paper rows take 60, headers 25, and the placeholder nothing.
-        const TablePrint print(fixture.table, {100, 150});
+        // On paper, which is wider than the window, rows take 60, headers 25, and the placeholder
+        // nothing.
+        const TablePrint print(fixture.table, {300, 150});
         ASSERT_EQ(print.pageCount(), 15u);
         const auto texts = [&](std::size_t page) {
             NotingCanvas canvas;
@@ -142,8 +144,8 @@ TEST(TablePrint, DrawsRowsForPaperAndLeavesTheScreenAsItWas) {
     }
     EXPECT_EQ(frames(), before);
     EXPECT_TRUE(table.cellForRowAtIndexPath({0, 2})->selected());
-    EXPECT_EQ(fixture.scrollView->documentVisibleRect().y, 300);
-    EXPECT_EQ(TablePrint(fixture.table, {100, 42.5}).scaleOfPage(0), 0.5);
+    EXPECT_EQ(fixture.scrollView->documentVisibleRect().y, 2000);
+    EXPECT_EQ(TablePrint(fixture.table, {300, 42.5}).scaleOfPage(0), 0.5);
 }
 
 }  // namespace

@@ -135,7 +135,10 @@ TEST(TableView, KeepsCachesInStepThroughChangesOfSectionsAndRows) {
 TEST(TableView, WritesItsProbes) {
     TableFixture fixture({{1}});
     const auto before = fixture.console.lines().size();
+    EXPECT_THAT(fixture.console.lines(),
+                testing::Contains("[CVMacTableView reloadData] for '(null)'"));
     fixture.table->setDebugName("inbox");
+    fixture.table->setRowSeparatorColor(platform::Color());  // measures nothing
     fixture.table->reloadData();
     fixture.loop.runTurn();
     const auto& lines = fixture.console.lines();
@@ -202,17 +205,25 @@ TEST(TableView, SurvivesADataSourceThatChangesItWhileItLoads) {
         EXPECT_EQ(fixture.table->subviews().size(), 4u);
     }
     struct Cellless : NumberedSource {
-        CellPtr tableViewCellForRowAtIndexPath(Table&, const Path&, const CellPtr&) override {
-            return nullptr;
+        CellPtr tableViewCellForRowAtIndexPath(Table& table, const Path& path,
+                                               const CellPtr& reusable) override {
+            if (path.row() == missing) return nullptr;
+            return NumberedSource::tableViewCellForRowAtIndexPath(table, path, reusable);
         }
+        int missing = 1;
     };
     const auto cellless = std::make_shared<Cellless>();
-    cellless->numbers = {{1}};
+    cellless->numbers = {{1, 2, 3}};
     fixture.table->setDataSource(cellless);
     fixture.table->reloadData();
     EXPECT_THAT(fixture.console.lines(),
                 testing::Contains("ERROR: CVMacTableViewCell reloadRowsAtIndexPaths got NULL cell "
                                   "from data source"));
-    fixture.loop.runTurn();
-    EXPECT_EQ(fixture.table->firstCell(), nullptr);
+    EXPECT_EQ(fixture.table->nextCellForIndexPath(CVIndexPath(0, 0), true), fixture.cell(0, 2));
+    for (const auto& [y, row] : {std::pair{10.0, 0}, {50.0, 2}})
+        EXPECT_EQ(fixture.table->indexPathForRowAtPoint({50, y}), CVIndexPath(0, row));
+    EXPECT_EQ(fixture.table->visibleCells().size(), 2u);
+    cellless->missing = -1;
+    fixture.table->reloadRowsAtIndexPaths({{0, 1}}, 5, true);
+    EXPECT_EQ(fixture.table->frame().height, 2 * 45 + 44);
 }
