@@ -11,7 +11,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 
 # A folder may include those before it.
 LAYERS = ["platform", "toolkit", "logging", "views", "vocabulary", "dates", "bridge", "preferences",
-          "models", "formats", "table", "controls", "qt"]
+          "models", "formats", "table", "controls", "qt", "testing"]
 
 # Value headers that stand on their own and may be included from anywhere.
 FREE_HEADERS = {"corvane/dates/EXDateOnly.h", "corvane/dates/EXTimeOnly.h",
