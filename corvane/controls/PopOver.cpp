@@ -80,23 +80,16 @@ class WindowPresenter final : public PopOverPresenter {
     }
 };
 
-PopOverPresenter*& presenterInForce() {
+}  // namespace
+
+std::atomic<PopOverPresenter*>& presenterInForce() {
     static WindowPresenter inWindow;
-    static PopOverPresenter* presenter = &inWindow;
+    static std::atomic<PopOverPresenter*> presenter{&inWindow};
     return presenter;
 }
 
-}  // namespace
-
 PopOverPresenter& popOverPresenter() {
     return *presenterInForce();
-}
-
-ScopedPopOverPresenter::ScopedPopOverPresenter(PopOverPresenter& presenter)
-    : previous_(std::exchange(presenterInForce(), &presenter)) {}
-
-ScopedPopOverPresenter::~ScopedPopOverPresenter() {
-    presenterInForce() = previous_;
 }
 
 PopOver::~PopOver() {

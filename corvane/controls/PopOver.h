@@ -3,8 +3,10 @@
 #pragma once
 
 #include "corvane/platform/Color.h"
+#include "corvane/platform/ScopedOverride.h"
 #include "corvane/views/View.h"
 
+#include <atomic>
 #include <memory>
 #include <utility>
 
@@ -34,18 +36,10 @@ class PopOverPresenter {
 /// is more room, above it.
 PopOverPresenter& popOverPresenter();
 
-/// Puts a presenter in force for as long as it lives. The presenter must outlive it, and the
-/// pop-overs that it was given to show. Scopes nest.
-class ScopedPopOverPresenter {
-  public:
-    explicit ScopedPopOverPresenter(PopOverPresenter& presenter);
-    ~ScopedPopOverPresenter();
-    ScopedPopOverPresenter(const ScopedPopOverPresenter&) = delete;
-    ScopedPopOverPresenter& operator=(const ScopedPopOverPresenter&) = delete;
+std::atomic<PopOverPresenter*>& presenterInForce();
 
-  private:
-    PopOverPresenter* previous_;
-};
+/// The presenter must also outlive the pop-overs that it was given to show.
+using ScopedPopOverPresenter = platform::ScopedOverride<PopOverPresenter, presenterInForce>;
 
 class PopOver {
   public:

@@ -1,7 +1,5 @@
 #include "corvane/platform/Clock.h"
 
-#include <utility>
-
 namespace corvane::platform {
 
 namespace {
@@ -13,22 +11,16 @@ class SystemClock final : public Clock {
     }
 };
 
-const Clock*& clockInForce() {
+}  // namespace
+
+std::atomic<const Clock*>& clockInForce() {
     // Never destroyed: objects that end after everything else may still ask.
-    static const Clock* clock = new SystemClock;
+    static std::atomic<const Clock*> clock{new SystemClock};
     return clock;
 }
 
-}  // namespace
-
 const Clock& currentClock() {
     return *clockInForce();
-}
-
-ScopedClock::ScopedClock(const Clock& clock) : previous_(std::exchange(clockInForce(), &clock)) {}
-
-ScopedClock::~ScopedClock() {
-    clockInForce() = previous_;
 }
 
 }  // namespace corvane::platform

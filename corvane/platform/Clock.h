@@ -2,6 +2,9 @@
 #pragma once
 
 #include "corvane/platform/Instant.h"
+#include "corvane/platform/ScopedOverride.h"
+
+#include <atomic>
 
 namespace corvane::platform {
 
@@ -26,17 +29,9 @@ class FixedClock final : public Clock {
     Instant instant_;
 };
 
-/// Puts a clock in force for as long as it lives; for tests, and for programs that answer as if it
-/// were another day. On one thread. The clock must outlive it. Scopes nest.
-class ScopedClock {
-  public:
-    explicit ScopedClock(const Clock& clock);
-    ~ScopedClock();
-    ScopedClock(const ScopedClock&) = delete;
-    ScopedClock& operator=(const ScopedClock&) = delete;
+std::atomic<const Clock*>& clockInForce();
 
-  private:
-    const Clock* previous_;
-};
+/// For tests, and for programs that answer as if it were another day.
+using ScopedClock = ScopedOverride<const Clock, clockInForce>;
 
 }  // namespace corvane::platform

@@ -1,7 +1,5 @@
 #include "corvane/platform/ColorResources.h"
 
-#include <utility>
-
 namespace corvane::platform {
 
 namespace {
@@ -11,23 +9,16 @@ class NoColors final : public ColorResources {
     std::optional<Color> colorNamed(std::string_view) override { return std::nullopt; }
 };
 
-ColorResources*& resourcesInForce() {
+}  // namespace
+
+std::atomic<ColorResources*>& resourcesInForce() {
     static NoColors none;
-    static ColorResources* resources = &none;
+    static std::atomic<ColorResources*> resources{&none};
     return resources;
 }
 
-}  // namespace
-
 ColorResources& colorResources() {
     return *resourcesInForce();
-}
-
-ScopedColorResources::ScopedColorResources(ColorResources& resources)
-    : previous_(std::exchange(resourcesInForce(), &resources)) {}
-
-ScopedColorResources::~ScopedColorResources() {
-    resourcesInForce() = previous_;
 }
 
 }  // namespace corvane::platform

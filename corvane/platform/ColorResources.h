@@ -2,7 +2,9 @@
 #pragma once
 
 #include "corvane/platform/Color.h"
+#include "corvane/platform/ScopedOverride.h"
 
+#include <atomic>
 #include <optional>
 #include <string_view>
 
@@ -18,17 +20,8 @@ class ColorResources {
 /// The resources in force; a process without them has no colours (every name is unknown).
 ColorResources& colorResources();
 
-/// Puts resources in force for as long as it lives. They must outlive it. Scopes nest, on one
-/// thread.
-class ScopedColorResources {
-  public:
-    explicit ScopedColorResources(ColorResources& resources);
-    ~ScopedColorResources();
-    ScopedColorResources(const ScopedColorResources&) = delete;
-    ScopedColorResources& operator=(const ScopedColorResources&) = delete;
+std::atomic<ColorResources*>& resourcesInForce();
 
-  private:
-    ColorResources* previous_;
-};
+using ScopedColorResources = ScopedOverride<ColorResources, resourcesInForce>;
 
 }  // namespace corvane::platform

@@ -29,22 +29,16 @@ class StandardError final : public Console {
 };
 
 /// Atomic, because threads of the log report while a test puts another one in force.
+}  // namespace
+
 std::atomic<Console*>& consoleInForce() {
     // Never destroyed: objects that end after everything else may still have something to say.
     static std::atomic<Console*> console = new StandardError;
     return console;
 }
 
-}  // namespace
-
 Console& currentConsole() {
     return *consoleInForce().load();
-}
-
-ScopedConsole::ScopedConsole(Console& console) : previous_(consoleInForce().exchange(&console)) {}
-
-ScopedConsole::~ScopedConsole() {
-    consoleInForce() = previous_;
 }
 
 }  // namespace corvane::platform

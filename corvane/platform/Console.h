@@ -1,6 +1,9 @@
 // The process's console: where diagnostics that are not log messages appear as plain lines.
 #pragma once
 
+#include "corvane/platform/ScopedOverride.h"
+
+#include <atomic>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,17 +34,10 @@ class RecordingConsole final : public Console {
     std::vector<std::string> lines_;
 };
 
-/// Puts a console in force for as long as it lives; for tests, and for a program's whole run. On
-/// one thread; what other threads may write to it must end first.
-class ScopedConsole {
-  public:
-    explicit ScopedConsole(Console& console);
-    ~ScopedConsole();
-    ScopedConsole(const ScopedConsole&) = delete;
-    ScopedConsole& operator=(const ScopedConsole&) = delete;
+std::atomic<Console*>& consoleInForce();
 
-  private:
-    Console* previous_;
-};
+/// For tests, and for a program's whole run. What other threads may write to the console must end
+/// first.
+using ScopedConsole = ScopedOverride<Console, consoleInForce>;
 
 }  // namespace corvane::platform

@@ -1,7 +1,5 @@
 #include "corvane/platform/Image.h"
 
-#include <utility>
-
 namespace corvane::platform {
 
 namespace {
@@ -13,23 +11,16 @@ class NoImages final : public ImageService {
     ImagePtr compositedImage(const ImagePtr& image, const ImagePtr&) override { return image; }
 };
 
-ImageService*& serviceInForce() {
+}  // namespace
+
+std::atomic<ImageService*>& serviceInForce() {
     static NoImages none;
-    static ImageService* service = &none;
+    static std::atomic<ImageService*> service{&none};
     return service;
 }
 
-}  // namespace
-
 ImageService& imageService() {
     return *serviceInForce();
-}
-
-ScopedImageService::ScopedImageService(ImageService& service)
-    : previous_(std::exchange(serviceInForce(), &service)) {}
-
-ScopedImageService::~ScopedImageService() {
-    serviceInForce() = previous_;
 }
 
 }  // namespace corvane::platform

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "corvane/platform/Color.h"
+#include "corvane/platform/ScopedOverride.h"
 #include "corvane/platform/Size.h"
 
+#include <atomic>
 #include <memory>
 #include <string_view>
 
@@ -35,17 +37,8 @@ class ImageService {
 /// The service in force; a process without one has no images (every name is unknown).
 ImageService& imageService();
 
-/// Puts a service in force for as long as it lives. The service must outlive it. Scopes nest, on
-/// one thread.
-class ScopedImageService {
-  public:
-    explicit ScopedImageService(ImageService& service);
-    ~ScopedImageService();
-    ScopedImageService(const ScopedImageService&) = delete;
-    ScopedImageService& operator=(const ScopedImageService&) = delete;
+std::atomic<ImageService*>& serviceInForce();
 
-  private:
-    ImageService* previous_;
-};
+using ScopedImageService = ScopedOverride<ImageService, serviceInForce>;
 
 }  // namespace corvane::platform

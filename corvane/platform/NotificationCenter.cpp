@@ -95,22 +95,15 @@ void NotificationCenter::post(std::string_view name, NotificationSender sender,
 namespace {
 
 // Atomic, because other threads post at any moment; never destroyed for the same reason.
+}  // namespace
+
 std::atomic<NotificationCenter*>& centerInForce() {
     static std::atomic<NotificationCenter*> center{new NotificationCenter};
     return center;
 }
 
-}  // namespace
-
 NotificationCenter& defaultNotificationCenter() {
     return *centerInForce();
-}
-
-ScopedNotificationCenter::ScopedNotificationCenter(NotificationCenter& center)
-    : previous_(centerInForce().exchange(&center)) {}
-
-ScopedNotificationCenter::~ScopedNotificationCenter() {
-    centerInForce() = previous_;
 }
 
 }  // namespace corvane::platform

@@ -2,8 +2,10 @@
 // sent to other processes.
 #pragma once
 
+#include "corvane/platform/ScopedOverride.h"
 #include "corvane/platform/Value.h"
 
+#include <atomic>
 #include <functional>
 #include <map>
 #include <memory>
@@ -80,17 +82,9 @@ class NotificationCenter {
 /// it. Any thread.
 NotificationCenter& defaultNotificationCenter();
 
-/// Puts a centre in force for as long as it lives; for tests, on one thread. The centre must
-/// outlive it. Scopes nest.
-class ScopedNotificationCenter {
-  public:
-    explicit ScopedNotificationCenter(NotificationCenter& center);
-    ~ScopedNotificationCenter();
-    ScopedNotificationCenter(const ScopedNotificationCenter&) = delete;
-    ScopedNotificationCenter& operator=(const ScopedNotificationCenter&) = delete;
+std::atomic<NotificationCenter*>& centerInForce();
 
-  private:
-    NotificationCenter* previous_;
-};
+/// For tests.
+using ScopedNotificationCenter = ScopedOverride<NotificationCenter, centerInForce>;
 
 }  // namespace corvane::platform

@@ -10,22 +10,15 @@ namespace {
 
 // Atomic, because other threads begin activities at any moment; never destroyed for the same
 // reason.
+}  // namespace
+
 std::atomic<ProcessActivities*>& activitiesInForce() {
     static std::atomic<ProcessActivities*> activities{new LoginActivities};
     return activities;
 }
 
-}  // namespace
-
 ProcessActivities& processActivities() {
     return *activitiesInForce();
-}
-
-ScopedProcessActivities::ScopedProcessActivities(ProcessActivities& activities)
-    : previous_(activitiesInForce().exchange(&activities)) {}
-
-ScopedProcessActivities::~ScopedProcessActivities() {
-    activitiesInForce() = previous_;
 }
 
 }  // namespace corvane::platform

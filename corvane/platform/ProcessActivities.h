@@ -2,6 +2,9 @@
 // shut down.
 #pragma once
 
+#include "corvane/platform/ScopedOverride.h"
+
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -38,17 +41,9 @@ class ProcessActivities {
 /// thread.
 ProcessActivities& processActivities();
 
-/// Puts a service in force for as long as it lives; for tests, on one thread. The service must
-/// outlive it. Scopes nest.
-class ScopedProcessActivities {
-  public:
-    explicit ScopedProcessActivities(ProcessActivities& activities);
-    ~ScopedProcessActivities();
-    ScopedProcessActivities(const ScopedProcessActivities&) = delete;
-    ScopedProcessActivities& operator=(const ScopedProcessActivities&) = delete;
+std::atomic<ProcessActivities*>& activitiesInForce();
 
-  private:
-    ProcessActivities* previous_;
-};
+/// For tests.
+using ScopedProcessActivities = ScopedOverride<ProcessActivities, activitiesInForce>;
 
 }  // namespace corvane::platform

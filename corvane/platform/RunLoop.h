@@ -3,6 +3,9 @@
 // interface.
 #pragma once
 
+#include "corvane/platform/ScopedOverride.h"
+
+#include <atomic>
 #include <functional>
 #include <utility>
 
@@ -50,17 +53,9 @@ class RunLoop {
 /// ScopedMainRunLoop puts another one in its place. Any thread.
 RunLoop& mainRunLoop();
 
-/// Puts a run loop in force for as long as it lives; for tests, and for programs whose main thread
-/// runs a loop of its own. The loop must outlive it. Scopes nest, on one thread.
-class ScopedMainRunLoop {
-  public:
-    explicit ScopedMainRunLoop(RunLoop& loop);
-    ~ScopedMainRunLoop();
-    ScopedMainRunLoop(const ScopedMainRunLoop&) = delete;
-    ScopedMainRunLoop& operator=(const ScopedMainRunLoop&) = delete;
+std::atomic<RunLoop*>& loopInForce();
 
-  private:
-    RunLoop* previous_;
-};
+/// For tests, and for programs whose main thread runs a loop of its own.
+using ScopedMainRunLoop = ScopedOverride<RunLoop, loopInForce>;
 
 }  // namespace corvane::platform

@@ -251,25 +251,14 @@ UserDefaults& UserDefaults::ofApplication() {
     return *defaults;
 }
 
-namespace {
-
 std::atomic<UserDefaults*>& standInInForce() {
     static std::atomic<UserDefaults*> standIn{nullptr};
     return standIn;
 }
 
-}  // namespace
-
 UserDefaults& UserDefaults::standard() {
     UserDefaults* const standIn = standInInForce();
     return standIn ? *standIn : ofApplication();
-}
-
-ScopedUserDefaults::ScopedUserDefaults(UserDefaults& defaults)
-    : previous_(standInInForce().exchange(&defaults)) {}
-
-ScopedUserDefaults::~ScopedUserDefaults() {
-    standInInForce() = previous_;
 }
 
 }  // namespace corvane::platform

@@ -3,8 +3,10 @@
 #pragma once
 
 #include "corvane/platform/Error.h"
+#include "corvane/platform/ScopedOverride.h"
 #include "corvane/platform/Value.h"
 
+#include <atomic>
 #include <functional>
 #include <map>
 #include <memory>
@@ -93,17 +95,9 @@ class UserDefaults {
     std::shared_ptr<State> state_;
 };
 
-/// Puts a store in force as the standard one for as long as it lives; for tests, on one thread. The
-/// store must outlive it. Scopes nest.
-class ScopedUserDefaults {
-  public:
-    explicit ScopedUserDefaults(UserDefaults& defaults);
-    ~ScopedUserDefaults();
-    ScopedUserDefaults(const ScopedUserDefaults&) = delete;
-    ScopedUserDefaults& operator=(const ScopedUserDefaults&) = delete;
+std::atomic<UserDefaults*>& standInInForce();
 
-  private:
-    UserDefaults* previous_;
-};
+/// As the standard store; for tests.
+using ScopedUserDefaults = ScopedOverride<UserDefaults, standInInForce>;
 
 }  // namespace corvane::platform

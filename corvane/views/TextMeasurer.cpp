@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace corvane::views {
 
@@ -57,23 +56,16 @@ class EvenLetters final : public TextMeasurer {
     double lineHeight(const Font& font) override { return std::ceil(font.size * 1.25); }
 };
 
-TextMeasurer*& measurerInForce() {
+}  // namespace
+
+std::atomic<TextMeasurer*>& measurerInForce() {
     static EvenLetters evenLetters;
-    static TextMeasurer* measurer = &evenLetters;
+    static std::atomic<TextMeasurer*> measurer{&evenLetters};
     return measurer;
 }
 
-}  // namespace
-
 TextMeasurer& textMeasurer() {
     return *measurerInForce();
-}
-
-ScopedTextMeasurer::ScopedTextMeasurer(TextMeasurer& measurer)
-    : previous_(std::exchange(measurerInForce(), &measurer)) {}
-
-ScopedTextMeasurer::~ScopedTextMeasurer() {
-    measurerInForce() = previous_;
 }
 
 }  // namespace corvane::views

@@ -1,9 +1,11 @@
 // How much room a text takes: the seam to whoever knows the fonts.
 #pragma once
 
+#include "corvane/platform/ScopedOverride.h"
 #include "corvane/platform/Size.h"
 #include "corvane/views/Font.h"
 
+#include <atomic>
 #include <string_view>
 
 namespace corvane::views {
@@ -24,17 +26,8 @@ class TextMeasurer {
 /// font's size, and lines 1.25 times as high, rounded up: the same on every machine.
 TextMeasurer& textMeasurer();
 
-/// Puts a measurer in force for as long as it lives. The measurer must outlive it. Scopes nest, on
-/// one thread.
-class ScopedTextMeasurer {
-  public:
-    explicit ScopedTextMeasurer(TextMeasurer& measurer);
-    ~ScopedTextMeasurer();
-    ScopedTextMeasurer(const ScopedTextMeasurer&) = delete;
-    ScopedTextMeasurer& operator=(const ScopedTextMeasurer&) = delete;
+std::atomic<TextMeasurer*>& measurerInForce();
 
-  private:
-    TextMeasurer* previous_;
-};
+using ScopedTextMeasurer = platform::ScopedOverride<TextMeasurer, measurerInForce>;
 
 }  // namespace corvane::views
