@@ -2,7 +2,6 @@
 
 #include "corvane/qt/Geometry.h"
 #include "corvane/qt/HostWidget.h"
-#include "corvane/views/Button.h"
 #include "corvane/views/TextField.h"
 
 #include <QAccessible>
@@ -67,6 +66,25 @@ QAccessible::Role qRole(Role role) {
             return QAccessible::EditableText;
         case Role::Button:
             return QAccessible::Button;
+        case Role::CheckBox:
+        case Role::Switch:
+            return QAccessible::CheckBox;
+        case Role::RadioGroup:
+            return QAccessible::Grouping;
+        case Role::RadioButton:
+            return QAccessible::RadioButton;
+        case Role::PopUpButton:
+            return QAccessible::ButtonMenu;
+        case Role::ProgressBar:
+            return QAccessible::ProgressBar;
+        case Role::Toolbar:
+            return QAccessible::ToolBar;
+        case Role::StatusBar:
+            return QAccessible::StatusBar;
+        case Role::Splitter:
+            return QAccessible::Splitter;
+        case Role::Dialog:
+            return QAccessible::Dialog;
         case Role::Image:
             return QAccessible::Graphic;
         case Role::Row:
@@ -76,9 +94,10 @@ QAccessible::Role qRole(Role role) {
         case Role::Table:
         case Role::List:
             return QAccessible::List;
-        default:
-            return QAccessible::NoRole;
+        case Role::None:
+            break;
     }
+    return QAccessible::NoRole;
 }
 
 /// A row without a name of its own is read as what is in it.
@@ -211,11 +230,10 @@ QAccessible::State ViewAccessible::state() const {
         state.multiLine = field->isMultiline();
         state.passwordEdit = field->isSecure();
     }
-    if (const auto* button = dynamic_cast<const views::Button*>(view.get())) {
-        state.checkable = button->toggles();
-        state.checked = button->isOn();
-        state.disabled = !button->isEnabled();
-    }
+    const auto checked = view->accessibilityChecked();
+    state.checkable = checked.has_value();
+    state.checked = checked.value_or(false);
+    state.disabled = !view->accessibilityEnabled();
     return state;
 }
 
@@ -227,7 +245,7 @@ void* ViewAccessible::interface_cast(QAccessible::InterfaceType type) {
 QStringList ViewAccessible::actionNames() const {
     const auto view = view_.lock();
     QStringList names;
-    if (dynamic_cast<views::Button*>(view.get())) names.append(pressAction());
+    if (view && view->accessibilityCanPress()) names.append(pressAction());
     if (view && view->acceptsFirstResponder()) names.append(setFocusAction());
     return names;
 }
@@ -236,8 +254,7 @@ void ViewAccessible::doAction(const QString& name) {
     if (!isValid()) return;
     const auto view = view_.lock();
     if (name == setFocusAction()) view->window()->makeFirstResponder(view);
-    if (name != pressAction()) return;
-    if (auto* button = dynamic_cast<views::Button*>(view.get())) button->performClick();
+    if (name == pressAction() && view->accessibilityCanPress()) view->accessibilityPress();
 }
 
 }  // namespace corvane::qt

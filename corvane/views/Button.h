@@ -4,6 +4,7 @@
 #include "corvane/platform/Image.h"
 #include "corvane/views/Control.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -39,8 +40,13 @@ class Button : public Control {
     bool mouseUp(const MouseEvent& event) override;
     bool keyDown(const KeyEvent& event) override;
     bool acceptsFirstResponder() const override { return isEnabled(); }
-    Role accessibilityRole() const override { return Role::Button; }
+    Role accessibilityRole() const override { return toggles_ ? Role::CheckBox : Role::Button; }
     std::string accessibilityName() const override;
+    std::optional<bool> accessibilityChecked() const override {
+        return toggles_ ? std::optional(on_) : std::nullopt;
+    }
+    bool accessibilityCanPress() const override { return true; }
+    void accessibilityPress() override { performClick(); }
 
   private:
     void setPressed(bool pressed);

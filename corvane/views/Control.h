@@ -19,6 +19,7 @@ class Control : public View {
 
     bool isEnabled() const { return enabled_; }
     void setEnabled(bool enabled);
+    bool accessibilityEnabled() const override { return enabled_; }
 
   private:
     Action action_;

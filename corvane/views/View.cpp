@@ -5,6 +5,7 @@
 #include "corvane/views/Event.h"
 #include "corvane/views/ScrollView.h"
 #include "corvane/views/Window.h"
+#include "corvane/views/WindowHost.h"
 
 #include <algorithm>
 #include <utility>
@@ -299,6 +300,10 @@ std::string View::accessibilityName() const {
 
 void View::setAccessibilityName(std::string name) {
     rarities().accessibilityName = std::move(name);
+}
+
+void View::accessibilityDidChange(AccessibilityChange change) {
+    if (Window* shown = window()) shown->host().accessibilityDidChange(*this, change);
 }
 
 }  // namespace corvane::views

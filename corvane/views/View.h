@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,7 +34,31 @@ inline constexpr DragOperation kDragOperationNone = 0;
 inline constexpr DragOperation kDragOperationGeneric = 4;
 
 /// What a view is to assistive technology. None is passed over, its subviews are not.
-enum class Role { None, Group, Text, TextField, Button, Image, Row, Header, Table, List };
+enum class Role {
+    None,
+    Group,
+    Text,
+    TextField,
+    Button,
+    CheckBox,
+    Switch,
+    RadioGroup,
+    RadioButton,
+    PopUpButton,
+    Image,
+    ProgressBar,
+    Row,
+    Header,
+    Table,
+    List,
+    Toolbar,
+    StatusBar,
+    Splitter,
+    Dialog,
+};
+
+/// What of a view has changed for assistive technology.
+enum class AccessibilityChange { Name, Value, Checked, Selected, Enabled };
 
 /// Coordinates count from the upper left corner, y downwards. A view owns its subviews; whoever
 /// else wants to keep one holds a share. Made by std::make_shared. One thread, the one of the
@@ -164,6 +189,14 @@ class View : public std::enable_shared_from_this<View> {
     void setAccessibilityName(std::string name);
     virtual std::string accessibilityValue() const { return {}; }
     virtual bool accessibilitySelected() const { return false; }
+    /// None for what is neither on nor off.
+    virtual std::optional<bool> accessibilityChecked() const { return {}; }
+    virtual bool accessibilityEnabled() const { return true; }
+    /// Whether accessibilityPress does what a click does.
+    virtual bool accessibilityCanPress() const { return false; }
+    virtual void accessibilityPress() {}
+    /// For the view itself to call after the change.
+    void accessibilityDidChange(AccessibilityChange change);
 
   protected:
     virtual void frameDidChange(const Rect& /*before*/) {}

@@ -13,6 +13,7 @@ struct DragSession;
 class Menu;
 class TextField;
 class View;
+enum class AccessibilityChange;
 
 /// Everything has a default that does nothing, as for a window that nobody sees. Outlives the
 /// window, or takes itself off it first.
@@ -34,6 +35,8 @@ class WindowHost {
     virtual void showMenu(const std::shared_ptr<Menu>&, platform::Point /*inWindow*/) {}
     /// The host carries the drag out and ends the session.
     virtual void beginDragging(const std::shared_ptr<DragSession>&) {}
+    /// For assistive technology; the view is in the window.
+    virtual void accessibilityDidChange(View&, AccessibilityChange) {}
     /// A key that nobody wanted.
     virtual void beep() {}
 };
