@@ -38,18 +38,24 @@ void putQuoted(TextBuffer& buffer, std::string_view separator, std::string_view 
 /// What a record shows for a key.
 struct Field {
     std::optional<std::string_view> text;
-    EXValue value;  ///< Null where the record holds the text.
+    EXValue value;  ///< Of no meaning where the record holds the text.
 };
 
-Field fieldOf(const EXKeyValueRows& rows, std::size_t index, std::string_view key) {
-    Field field{rows.heldTextForKey(key, index), {}};
+/// Texts may lie anywhere in memory, from where they take longer than the writing itself.
+void fetch(std::string_view text) {
+    constexpr std::size_t kLine = 64;
+    constexpr std::size_t kMost = 4 * kLine;  // from there on the processor sees it coming
+    for (std::size_t at = 0; at < std::min(text.size(), kMost); at += kLine)
+        __builtin_prefetch(text.data() + at);
+}
+
+void read(Field& field, const EXKeyValueRows& rows, std::size_t index, std::string_view key) {
+    field.text = rows.heldTextForKey(key, index);
     if (!field.text) {
         field.value = rows.valueForKey(key, index);
         field.text = field.value.text();
     }
-    // Texts may lie anywhere in memory, from where they take longer than the writing itself.
-    if (field.text) __builtin_prefetch(field.text->data());
-    return field;
+    if (field.text) fetch(*field.text);
 }
 
 /// Whether the field has a text. Kinds other than text and day have none.
@@ -80,14 +86,15 @@ bool writeText(platform::ByteSink& sink, const EXKeyValueRows& rows, Keys keys) 
         separator = EXCSVWriterSeparator;
     }
     bool isTaken = buffer.put(kTerminator);
-    std::vector<Field> fields;
+    // Kept from one round to the next: making fields anew costs more than filling them.
+    std::vector<Field> fields(kRowsAtOnce * keys.size());
     const std::size_t count = rows.count();
     for (std::size_t index = 0; isTaken && index < count;) {
         const std::size_t end = std::min(index + kRowsAtOnce, count);
-        fields.clear();
+        auto field = fields.begin();
         for (std::size_t row = index; row < end; ++row)
             for (const auto& key : keys)
-                fields.push_back(fieldOf(rows, row, key));
+                read(*field++, rows, row, key);
         for (std::size_t row = 0; index < end; ++index, ++row)
             putRow(buffer, std::span(fields).subspan(row * keys.size(), keys.size()));
         isTaken = buffer.put("");

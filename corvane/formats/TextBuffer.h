@@ -40,7 +40,7 @@ class TextBuffer {
 
   private:
     // Small enough to stay in the processor's cache, large enough to make system calls rare.
-    static constexpr std::size_t kSize = 64 * 1024;
+    static constexpr std::size_t kSize = 256 * 1024;
 
     std::size_t room() const { return static_cast<std::size_t>(end_ - at_); }
 
