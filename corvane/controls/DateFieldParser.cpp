@@ -10,16 +10,10 @@
 #include <fmt/format.h>
 
 #include <array>
-#include <utility>
 
 namespace corvane {
 
 namespace {
-
-DayNames& dayNames() {
-    static DayNames names;
-    return names;
-}
 
 EXDateOnly dayOf(platform::Instant date, const platform::Calendar& calendar) {
     const auto day = calendar.dayOfInstant(date);
@@ -41,38 +35,6 @@ void traceWeekdays(const DateFieldGrammar& grammar) {
 }
 
 }  // namespace
-
-void DateFieldParser::setTodayName(std::optional<std::string> name) {
-    dayNames().setName(DayName::Today, std::move(name));
-}
-
-std::optional<std::string> DateFieldParser::todayName() {
-    return dayNames().name(DayName::Today);
-}
-
-void DateFieldParser::setTodayShortName(std::optional<std::string> name) {
-    dayNames().setName(DayName::TodayShort, std::move(name));
-}
-
-std::optional<std::string> DateFieldParser::todayShortName() {
-    return dayNames().name(DayName::TodayShort);
-}
-
-void DateFieldParser::setTomorrowName(std::optional<std::string> name) {
-    dayNames().setName(DayName::Tomorrow, std::move(name));
-}
-
-std::optional<std::string> DateFieldParser::tomorrowName() {
-    return dayNames().name(DayName::Tomorrow);
-}
-
-void DateFieldParser::setTomorrowShortName(std::optional<std::string> name) {
-    dayNames().setName(DayName::TomorrowShort, std::move(name));
-}
-
-std::optional<std::string> DateFieldParser::tomorrowShortName() {
-    return dayNames().name(DayName::TomorrowShort);
-}
 
 DateFieldParser::Date DateFieldParser::dateFromCommand(const Text& text) {
     return dateFromCommand(text, grammar());

@@ -3,8 +3,8 @@
 // thread at a time.
 #pragma once
 
-#include "corvane/dates/DayNames.h"
 #include "corvane/dates/EXDateOnly.h"
+#include "corvane/dates/SettableDayNames.h"
 #include "corvane/platform/Instant.h"
 
 #include <optional>
@@ -16,26 +16,16 @@ namespace corvane {
 class DateFieldGrammar;
 
 /// What CVMacDateField offers as a class, without the field. Absent text gives nothing.
+/// Where the application sets no names for today and tomorrow, English alone has such words.
 ///
 ///     // on Wednesday, March 4, 2026, at 17:20, in en_US
 ///     DateFieldParser::dateFromCommand("wed")     // 2026-03-11 08:00, never today
 ///     DateFieldParser::dateFromString("3/3")      // 2027-03-03 17:20
 ///     DateFieldParser::dateFromCommand("3/3")     // none: no word
-class DateFieldParser {
+class DateFieldParser : public SettableDayNames<DateFieldParser> {
   public:
     using Date = std::optional<platform::Instant>;
     using Text = std::optional<std::string_view>;
-
-    /// Each name is literal text or a reference to a translation ("${Today}"), looked up at each
-    /// use. None, as at first, means that English alone has such a word.
-    static void setTodayName(std::optional<std::string> name);
-    static std::optional<std::string> todayName();
-    static void setTodayShortName(std::optional<std::string> name);
-    static std::optional<std::string> todayShortName();
-    static void setTomorrowName(std::optional<std::string> name);
-    static std::optional<std::string> tomorrowName();
-    static void setTomorrowShortName(std::optional<std::string> name);
-    static std::optional<std::string> tomorrowShortName();
 
     /// Words alone; the day's standardized moment.
     static Date dateFromCommand(const Text& text);

@@ -2,18 +2,10 @@
 
 #include "corvane/dates/CurrentWeek.h"
 #include "corvane/dates/DateCommandGrammar.h"
-#include "corvane/dates/DayNames.h"
-
-#include <utility>
 
 namespace corvane {
 
 namespace {
-
-DayNames& dayNames() {
-    static DayNames names;
-    return names;
-}
 
 const CurrentWeek& currentWeek() {
     static CurrentWeek week;
@@ -28,7 +20,7 @@ using Read = std::optional<DayCommand> (DateCommandGrammar::*)(std::string_view,
 /// function takes as long as reading a word.
 bool readDay(std::string_view text, Read read, EXDateOnly& day) {
     const auto& grammar = EXDateOnlyCommandParser::grammar();
-    const auto command = (grammar.*read)(text, dayNames());
+    const auto command = (grammar.*read)(text, EXDateOnlyCommandParser::dayNames());
     if (!command) return false;
     // Many texts say their day without asking which one today is.
     if (const auto* said = std::get_if<EXDateOnly>(&*command)) {
@@ -56,38 +48,6 @@ std::optional<EXDateOnly> dayOf(const std::optional<std::string_view>& text, Rea
 }
 
 }  // namespace
-
-void EXDateOnlyCommandParser::setTodayName(std::optional<std::string> name) {
-    dayNames().setName(DayName::Today, std::move(name));
-}
-
-std::optional<std::string> EXDateOnlyCommandParser::todayName() {
-    return dayNames().name(DayName::Today);
-}
-
-void EXDateOnlyCommandParser::setTodayShortName(std::optional<std::string> name) {
-    dayNames().setName(DayName::TodayShort, std::move(name));
-}
-
-std::optional<std::string> EXDateOnlyCommandParser::todayShortName() {
-    return dayNames().name(DayName::TodayShort);
-}
-
-void EXDateOnlyCommandParser::setTomorrowName(std::optional<std::string> name) {
-    dayNames().setName(DayName::Tomorrow, std::move(name));
-}
-
-std::optional<std::string> EXDateOnlyCommandParser::tomorrowName() {
-    return dayNames().name(DayName::Tomorrow);
-}
-
-void EXDateOnlyCommandParser::setTomorrowShortName(std::optional<std::string> name) {
-    dayNames().setName(DayName::TomorrowShort, std::move(name));
-}
-
-std::optional<std::string> EXDateOnlyCommandParser::tomorrowShortName() {
-    return dayNames().name(DayName::TomorrowShort);
-}
 
 std::optional<EXDateOnly> EXDateOnlyCommandParser::dateOnlyFromCommand(
     std::optional<std::string_view> text) {

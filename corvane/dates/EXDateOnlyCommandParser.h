@@ -4,6 +4,7 @@
 #pragma once
 
 #include "corvane/dates/EXDateOnly.h"
+#include "corvane/dates/SettableDayNames.h"
 
 #include <optional>
 #include <string>
@@ -13,7 +14,7 @@ namespace corvane {
 
 class DateCommandGrammar;
 
-/// Absent text gives nothing.
+/// Absent text gives nothing. Only the application's names are words for today and tomorrow.
 ///
 ///     // on Saturday, June 15, 2024, in en_US
 ///     EXDateOnlyCommandParser::setTomorrowName("${Tomorrow}");
@@ -23,20 +24,9 @@ class DateCommandGrammar;
 ///     EXDateOnlyCommandParser::dateOnlyFromCommand("3/10")                  // none: no word
 ///     EXDateOnlyCommandParser::commandForDateOnly(EXDateOnly(2024, 6, 21))  // "Friday"
 ///     EXDateOnlyCommandParser::commandForDateOnly(EXDateOnly(2024, 6, 22))  // none
-class EXDateOnlyCommandParser {
+class EXDateOnlyCommandParser : public SettableDayNames<EXDateOnlyCommandParser> {
   public:
     EXDateOnlyCommandParser() = delete;
-
-    /// Each name is literal text or a reference to a translation ("${Today}"), looked up at each
-    /// use. None, as at first, means that there is no such word.
-    static void setTodayName(std::optional<std::string> name);
-    static std::optional<std::string> todayName();
-    static void setTodayShortName(std::optional<std::string> name);
-    static std::optional<std::string> todayShortName();
-    static void setTomorrowName(std::optional<std::string> name);
-    static std::optional<std::string> tomorrowName();
-    static void setTomorrowShortName(std::optional<std::string> name);
-    static std::optional<std::string> tomorrowShortName();
 
     /// Words only: the names set, and weekdays, which mean the next such day, today included.
     static std::optional<EXDateOnly> dateOnlyFromCommand(std::optional<std::string_view> text);
