@@ -18,7 +18,7 @@ using namespace platform;
 using C = HGCorvaneBackupConstants;
 
 const std::string kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-const std::string kLong(40000, 'l'), kLonger(66000, 'L');  // than half the buffer, than all of it
+const std::string kLong(140000, 'l'), kLonger(270000, 'L');  // than half the buffer, than all of it
 const std::string kDocument = kDeclaration + "<t z=\"a&b\" id=\"7\"><s>" + kLong + "</s>\n" +
                               "<c><![CDATA[]]>é<]]></c>\n1.500000<c></c>\n" + kLong +
                               "<a to=\"x\"/>\n<s><![CDATA[" + kLonger + "]]></s>\n</t>\n";
