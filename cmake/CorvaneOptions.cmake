@@ -5,6 +5,8 @@ option(CORVANE_BUILD_QT "Build the layer on Qt, and the programs that show windo
 option(CORVANE_BUILD_TESTS "Build the tests" OFF)
 option(CORVANE_BUILD_BENCH "Build the benchmarks" OFF)
 option(CORVANE_BUILD_FUZZ "Build the fuzz targets (clang only)" OFF)
+option(CORVANE_PRECOMPILED_HEADERS
+    "Read the standard headers once; without it every source shows that it includes what it uses" OFF)
 option(CORVANE_WARNINGS_AS_ERRORS "Treat warnings as errors" OFF)
 set(CORVANE_SANITIZE "" CACHE STRING "Sanitizers to build with, e.g. address,undefined")
 
