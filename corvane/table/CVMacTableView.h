@@ -103,6 +103,8 @@ class CVMacTableView : public CVMacLayoutableView,
     views::Size preferredSizeThatFits(views::Size available) override;
     views::Size preferredSizeForSection(Index section, double cellWidth);
     double cellWidthForTotalWidth(double width) const { return width - left() - right(); }
+    /// Where rows begin: the left and the right margin change places where layouts are mirrored.
+    double leftEdge() const;
     /// What is there to see; without a scroll view, the superview's size.
     views::Size maximumContentSizeForScrollView(const ScrollView* scrollView) const;
     void adjustFrameSizeToTotalWidth(double width, double preferredHeight,
@@ -185,6 +187,7 @@ class CVMacTableView : public CVMacLayoutableView,
     bool acceptsFirstResponder() const override { return true; }
     bool allowsVibrancy() const override { return editableAllowsVibrancy(); }
     void draw(views::Canvas& canvas, const views::Rect& dirty) override;
+    void drawAboveSubviews(views::Canvas& canvas, const views::Rect& dirty) override;
     std::vector<std::shared_ptr<views::View>> subviewsIn(const views::Rect& rect) const override;
     void didMoveToSuperview() override;
     views::Role accessibilityRole() const override { return views::Role::Table; }

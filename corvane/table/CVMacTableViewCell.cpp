@@ -3,6 +3,7 @@
 #include "corvane/table/CVMacBackgroundView.h"
 #include "corvane/views/Canvas.h"
 #include "corvane/views/ImageView.h"
+#include "corvane/views/Mirroring.h"
 #include "corvane/views/TextView.h"
 #include "corvane/views/Theme.h"
 #include "corvane/views/Window.h"
@@ -39,7 +40,9 @@ void CVMacTableViewCell::prepareForReuse() {
 // Looks.
 
 void CVMacTableViewCell::setSelected(bool selected) {
+    const bool changes = selected != selected_;
     selected_ = selected;
+    if (changes) accessibilityDidChange(views::AccessibilityChange::Selected);
     if (auto* background = dynamic_cast<CVMacBackgroundView*>(backgroundView_.get()))
         background->setBackgroundColor(selected ? selectedBackgroundColor() : backgroundColor());
     setNeedsDisplay();
@@ -70,8 +73,10 @@ void CVMacTableViewCell::draw(views::Canvas& canvas, const views::Rect&) {
     if (backgroundView_) return;
     const bool active = window() && window()->isActive();
     if (selected_) {
-        canvas.fillRect(bounds(), active ? selectedBackgroundColor().withAlpha(0.45)
-                                         : views::theme().inactiveSelection);
+        const views::Theme& theme = views::theme();
+        const auto own = colors_ ? colors_->selectedBackground : std::nullopt;
+        const platform::Color focused = own ? own->withAlpha(0.45) : theme.selection;
+        canvas.fillRect(bounds(), active ? focused : theme.inactiveSelection);
     } else if (const auto color = backgroundColor()) {
         canvas.fillRect(bounds(), *color);
     }
@@ -158,9 +163,11 @@ views::Size CVMacTableViewCell::sizeForCellWidth(double cellWidth, double rowHei
 
 void CVMacTableViewCell::applyLayout() {
     if (backgroundView_) backgroundView_->setFrame(bounds());
-    if (accessoryView_) accessoryView_->setFrame(rectForAccessoryViewWithCellWidth(frame().width));
+    const double width = frame().width;
+    if (accessoryView_)
+        accessoryView_->setFrame(views::mirrored(rectForAccessoryViewWithCellWidth(width), width));
     if (!contentView_) return;
-    contentView_->setFrame(rectForContentView());
+    contentView_->setFrame(views::mirrored(rectForContentView(), width));
     layoutContentView(*contentView_);
 }
 

@@ -87,12 +87,13 @@ class CVMacTableViewCell : public CVMacLayoutableView, public views::TextFieldDe
     void activateField(const FieldPtr& field);
     void deactivateField(const FieldPtr& field);
 
-    // Measuring.
+    // Measuring. Places are those in a language written from the left; applyLayout mirrors them
+    // where it is not (corvane/views/Mirroring.h). Whoever lays out the content does so himself.
 
     /// The row's own height; -1 for the table's.
     virtual double rowHeightForContentWidth(double /*width*/) { return -1; }
     virtual views::Rect rectForAccessoryViewWithCellWidth(double /*width*/) { return {}; }
-    /// Also tells how far the content is from the left, behind the accessory.
+    /// Also tells how far the content is from the leading side, behind the accessory.
     virtual double contentWidthForCellWidth(double cellWidth, double& contentOffset);
     virtual double contentHeightForWidth(double width, double rowHeight, bool printing);
     virtual views::Rect rectForContentView();

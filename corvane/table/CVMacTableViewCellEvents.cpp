@@ -6,6 +6,7 @@
 #include "corvane/table/OptionalCall.h"
 #include "corvane/views/Command.h"
 #include "corvane/views/Event.h"
+#include "corvane/views/Mirroring.h"
 #include "corvane/views/Window.h"
 
 #include <cmath>
@@ -194,12 +195,13 @@ bool CVMacTableViewCell::doCommand(views::Command command) {
             table->cellRequestsPreviousCell(*this, extends);
             return true;
         case Command::MoveRight:
-            if (table->supportsLeftRightCursorMovement())
-                table->cellRequestsNextSection(*this, false);
-            return true;
         case Command::MoveLeft:
-            if (table->supportsLeftRightCursorMovement())
+            if (!table->supportsLeftRightCursorMovement()) return true;
+            if ((command == Command::MoveRight) != views::isMirrored()) {
+                table->cellRequestsNextSection(*this, false);
+            } else {
                 table->cellRequestsPreviousSection(*this, false);
+            }
             return true;
         case Command::MoveSelectedRowsDown:
             table->cellDidMoveSelectedRowsDown(*this);

@@ -57,7 +57,7 @@ void CVMacTableView::cellDidEndDragging(Cell&) {
 CVMacTableView::OptionalPath CVMacTableView::indexPathForMoveViaDragAtPoint(
     views::Point point, views::Point& indicatorOffset) {
     layoutIfNeeded();
-    const auto target = DropGeometry(rows_, left(), top()).targetAt(point);
+    const auto target = DropGeometry(rows_, leftEdge(), top()).targetAt(point);
     if (!target) return std::nullopt;
     indicatorOffset = target->indicator;
     return target->path;
@@ -65,13 +65,13 @@ CVMacTableView::OptionalPath CVMacTableView::indexPathForMoveViaDragAtPoint(
 
 CVMacTableView::Index CVMacTableView::sectionForDragAtPoint(views::Point point) {
     layoutIfNeeded();
-    return DropGeometry(rows_, left(), top()).sectionAt(point);
+    return DropGeometry(rows_, leftEdge(), top()).sectionAt(point);
 }
 
 CVIndexPath CVMacTableView::tailAppendIndexPathForMoveViaDragInSection(
     Index section, views::Point& indicatorOffset) {
     layoutIfNeeded();
-    const auto target = DropGeometry(rows_, left(), top()).tailOf(section);
+    const auto target = DropGeometry(rows_, leftEdge(), top()).tailOf(section);
     indicatorOffset = target.indicator;
     return target.path;
 }

@@ -6,7 +6,9 @@
 #include "corvane/table/DropIndicator.h"
 #include "corvane/table/OptionalCall.h"
 #include "corvane/views/Canvas.h"
+#include "corvane/views/Mirroring.h"
 #include "corvane/views/Theme.h"
+#include "corvane/views/Window.h"
 
 #include <algorithm>
 
@@ -55,7 +57,9 @@ void CVMacTableView::draw(views::Canvas& canvas, const views::Rect& dirty) {
                                        OptionalColor(), *this, cell->indexPath().section())
                                  : std::nullopt;
         if (section) canvas.fillRect({frame.x, frame.y, frame.width, frame.height + 1}, *section);
-        const views::Rect gap{frame.x + indentation, frame.bottom(), frame.width - indentation, 1};
+        const views::Rect gap =
+            views::mirrored({indentation, 0, frame.width - indentation, 1}, frame.width)
+                .movedBy(frame.x, frame.bottom());
         if (image) {
             canvas.drawImage(image, gap);
         } else {
@@ -64,9 +68,15 @@ void CVMacTableView::draw(views::Canvas& canvas, const views::Rect& dirty) {
     }
     drawEmptyText(canvas);
     if (accessoryLineOffset() < 0) return;
-    const double x = left() + accessoryLineOffset();
+    const double fromLeading = left() + accessoryLineOffset();
+    const double x = views::isMirrored() ? frame().width - fromLeading : fromLeading;
     canvas.drawLine({x, dirty.y}, {x, dirty.bottom()},
                     accessoryLineColor().value_or(views::theme().separator), 1);
+}
+
+void CVMacTableView::drawAboveSubviews(views::Canvas& canvas, const views::Rect&) {
+    if (isFirstResponder() && window()->isActive())
+        canvas.strokeRoundedRect(visibleRect(), 0, views::theme().accent, 2);
 }
 
 // Pages.

@@ -7,6 +7,7 @@
 #include "corvane/table/DropIndicator.h"
 #include "corvane/table/OptionalCall.h"
 #include "corvane/table/TableTrace.h"
+#include "corvane/views/Mirroring.h"
 #include "corvane/views/ScrollView.h"
 
 #include <algorithm>
@@ -95,6 +96,10 @@ void CVMacTableView::adjustFrameSizeToTotalWidth(double width, double preferredH
 
 // Positions.
 
+double CVMacTableView::leftEdge() const {
+    return views::isMirrored() ? right() : left();
+}
+
 void CVMacTableView::applyLayout() {
     trace("[CVMacTableView applyLayout] for '{}'", nameInLines());
     relayoutAllRows();
@@ -120,15 +125,16 @@ void CVMacTableView::relayoutAllRows() {
 
 double CVMacTableView::relayoutRowsForSection(Index section, double cellWidth, double position) {
     if (!rows_.hasSection(section)) return position;
+    const double x = leftEdge();
     if (const HeaderPtr header = rows_.headerOf(section)) {
         const double height = heightForHeader(section);
-        header->setFrame({left(), position, cellWidth, height});
+        header->setFrame({x, position, cellWidth, height});
         position += height;
     }
     for (IndexPath path{section, 0}; path.item < rows_.rowCount(section); ++path.item) {
         const double height = rows_.heightAt(path);
         if (const CellPtr cell = rows_.cellAt(path))
-            cell->setFrame({left(), position, cellWidth, height});
+            cell->setFrame({x, position, cellWidth, height});
         position += height > 0 ? height + 1 : 0;
     }
     return position;
@@ -203,12 +209,12 @@ CVMacTableView::OptionalPath CVMacTableView::indexPathForRowInSection(Index sect
                                                                       views::Point point) {
     layoutIfNeeded();
     return CVIndexPath::fromNSIndexPath(
-        DropGeometry(rows_, left(), top()).rowInSectionAt(section, point));
+        DropGeometry(rows_, leftEdge(), top()).rowInSectionAt(section, point));
 }
 
 CVMacTableView::OptionalPath CVMacTableView::indexPathForRowAtPoint(views::Point point) {
     layoutIfNeeded();
-    return CVIndexPath::fromNSIndexPath(DropGeometry(rows_, left(), top()).rowAt(point));
+    return CVIndexPath::fromNSIndexPath(DropGeometry(rows_, leftEdge(), top()).rowAt(point));
 }
 
 void CVMacTableView::scrollRowToVisibleAtIndexPath(const CVIndexPath& path) {

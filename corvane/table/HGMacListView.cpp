@@ -6,6 +6,7 @@
 #include "corvane/table/HGMacListViewItem.h"
 #include "corvane/table/OptionalCall.h"
 #include "corvane/views/Canvas.h"
+#include "corvane/views/Command.h"
 #include "corvane/views/Theme.h"
 #include "corvane/views/Window.h"
 
@@ -264,6 +265,26 @@ void HGMacListView::makePreviousKeyViewFirstResponderBeforeItem(HGMacListViewIte
     notify(delegate(), &Delegate::requestPreviousKeyViewForListView, *this);
 }
 
+bool HGMacListView::doCommand(views::Command command) {
+    const auto edit = [this](Index index) {
+        if (hasItem(index)) ItemPtr(*at(items_, index))->beginEditing();
+        return true;
+    };
+    switch (command) {
+        case views::Command::InsertTab:
+            return window() && window()->selectNextKeyViewOf(*this);
+        case views::Command::InsertBacktab:
+            return window() && window()->selectPreviousKeyViewOf(*this);
+        case views::Command::MoveDown:
+        case views::Command::InsertNewline:
+            return edit(0);
+        case views::Command::MoveUp:
+            return edit(static_cast<Index>(items_.size()) - 1);
+        default:
+            return false;
+    }
+}
+
 void HGMacListView::tell(Delegate::ItemNotice Delegate::*notice, HGMacListViewItem& item) {
     const Index index = indexOfItem(item);
     if (index != kNotFound) notify(delegate(), notice, *this, index);
@@ -282,6 +303,11 @@ std::shared_ptr<views::Menu> HGMacListView::contextMenuForItem(HGMacListViewItem
     if (index == kNotFound) return nullptr;
     return ask(delegate(), &Delegate::listViewContextMenuForItemAtIndex,
                std::shared_ptr<views::Menu>(), *this, index);
+}
+
+void HGMacListView::drawAboveSubviews(views::Canvas& canvas, const views::Rect&) {
+    if (isFirstResponder() && window()->isActive())
+        canvas.strokeRoundedRect(visibleRect(), 0, views::theme().accent, 2);
 }
 
 void HGMacListView::draw(views::Canvas& canvas, const views::Rect& dirty) {

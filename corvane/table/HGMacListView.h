@@ -75,7 +75,11 @@ class HGMacListView : public CVMacLayoutableView, public HGMacListViewItemDelega
     std::shared_ptr<DropIndicator> draggingIndicatorView() const { return indicator_; }
 
     void draw(views::Canvas& canvas, const views::Rect& dirty) override;
+    void drawAboveSubviews(views::Canvas& canvas, const views::Rect& dirty) override;
     bool acceptsFirstResponder() const override { return true; }
+    bool keyDown(const views::KeyEvent& event) override { return interpretKeyEvent(event); }
+    /// Down and Return lead into the first item, Up into the last one.
+    bool doCommand(views::Command command) override;
     views::Role accessibilityRole() const override { return views::Role::List; }
     views::DragOperation draggingEntered(views::DraggingInfo& info) override;
     views::DragOperation draggingUpdated(views::DraggingInfo& info) override;

@@ -2,6 +2,7 @@
 
 #include "corvane/views/Command.h"
 #include "corvane/views/Event.h"
+#include "corvane/views/Mirroring.h"
 #include "corvane/views/Window.h"
 
 #include <algorithm>
@@ -44,9 +45,11 @@ double HGMacListViewItem::textWidth(double width) const {
 }
 
 void HGMacListViewItem::applyLayout() {
-    imageView_->setFrame({kMargin, kMargin, kImageSide, kImageSide});
-    textField_->setFrame({kImageSide + 2 * kMargin, kMargin / 2, textWidth(frame().width),
-                          std::max(0.0, frame().height - kMargin)});
+    const double width = frame().width;
+    imageView_->setFrame(views::mirrored({kMargin, kMargin, kImageSide, kImageSide}, width));
+    textField_->setFrame(views::mirrored({kImageSide + 2 * kMargin, kMargin / 2, textWidth(width),
+                                          std::max(0.0, frame().height - kMargin)},
+                                         width));
 }
 
 views::Size HGMacListViewItem::preferredSizeThatFits(views::Size available) {

@@ -2,7 +2,7 @@
 
 #include "corvane/views/Canvas.h"
 #include "corvane/views/Event.h"
-#include "corvane/views/TextMeasurer.h"
+#include "corvane/views/IconAndText.h"
 #include "corvane/views/Theme.h"
 #include "corvane/views/Window.h"
 
@@ -12,14 +12,18 @@ namespace corvane::views {
 
 namespace {
 
-constexpr double kMargin = 10;
-constexpr double kGap = 4;
+constexpr double kRadius = 5;
+constexpr double kMarginX = 10;
+constexpr double kLeastMargin = 3;
+constexpr double kMarginY = 4;
 
 }  // namespace
 
 void Button::setTitle(std::string title) {
+    if (title == title_) return;
     title_ = std::move(title);
     setNeedsDisplay();
+    accessibilityDidChange(AccessibilityChange::Name);
 }
 
 void Button::setImage(platform::ImagePtr image) {
@@ -31,6 +35,7 @@ void Button::setOn(bool on) {
     if (on == on_) return;
     on_ = on;
     setNeedsDisplay();
+    accessibilityDidChange(AccessibilityChange::Checked);
 }
 
 void Button::setPressed(bool pressed) {
@@ -75,34 +80,42 @@ bool Button::keyDown(const KeyEvent& event) {
     return *command == Command::InsertBacktab && window->selectPreviousKeyViewOf(*this);
 }
 
+// Looks.
+
 Size Button::preferredSizeThatFits(Size) {
-    const Font font;
-    const Size title = title_.empty() ? Size{} : textMeasurer().sizeOfText(title_, font);
-    const Size image = image_ ? image_->size() : Size{};
-    const double gap = image_ && !title_.empty() ? kGap : 0;
-    return {title.width + gap + image.width + 2 * kMargin,
-            std::max(textMeasurer().lineHeight(font), image.height) + 8};
+    const Size content = sizeOf({image_, title_});
+    const double margin = title_.empty() ? kMarginY : kMarginX;
+    return {content.width + 2 * margin, content.height + 2 * kMarginY};
+}
+
+Rect Button::contentRect() const {
+    // A narrow button gives up its margins before its title.
+    const double room = (frame().width - sizeOf({image_, title_}).width) / 2;
+    return bounds().insetBy(std::clamp(room, kLeastMargin, kMarginX), 0);
+}
+
+std::string Button::toolTip() const {
+    std::string own = View::toolTip();
+    if (!own.empty()) return own;
+    return isTextCut({image_, title_}, contentRect().width) ? title_ : own;
+}
+
+bool Button::showsFocus() const {
+    return isFirstResponder() && window()->isActive();
 }
 
 void Button::draw(Canvas& canvas, const Rect&) {
     const Theme& colors = theme();
-    const Rect bounds = this->bounds();
-    canvas.fillRoundedRect(bounds, 5,
-                           pressed_ || on_ ? colors.pressedBackground : colors.controlBackground);
-    const bool focused = isFirstResponder() && window()->isActive();
-    canvas.strokeRoundedRect(bounds, 5, focused ? colors.accent : colors.border, focused ? 2 : 1);
-    const Size image = image_ ? image_->size() : Size{};
-    const double gap = image_ && !title_.empty() ? kGap : 0;
-    const Font font;
-    const double text = title_.empty() ? 0 : textMeasurer().sizeOfText(title_, font).width;
-    const double x = std::max(0.0, (bounds.width - image.width - gap - text) / 2);
-    if (image_)
-        canvas.drawImage(image_,
-                         {x, (bounds.height - image.height) / 2, image.width, image.height});
-    if (title_.empty()) return;
-    const double start = x + image.width + gap;
-    canvas.drawText(title_, {start, 0, bounds.width - start, bounds.height},
-                    {font, isEnabled() ? colors.text : colors.secondaryText});
+    const platform::Color ground = pressed_ ? colors.pressedBackground
+                                   : on_    ? colors.selection
+                                            : colors.controlBackground;
+    canvas.fillRoundedRect(bounds(), kRadius, ground);
+    const bool focused = showsFocus();
+    canvas.strokeRoundedRect(bounds(), kRadius, focused ? colors.accent : colors.border,
+                             focused ? 2 : 1);
+    drawIconAndText(canvas, {image_, title_}, contentRect(),
+                    isEnabled() ? colors.text : colors.secondaryText,
+                    isEnabled() ? nullptr : &ground);
 }
 
 std::string Button::accessibilityName() const {

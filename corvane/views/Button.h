@@ -21,6 +21,8 @@ class Button : public Control {
     void setTitle(std::string title);
     const platform::ImagePtr& image() const { return image_; }  ///< null where there is none
     void setImage(platform::ImagePtr image);
+    /// Unless one was set, the title where it does not fit.
+    std::string toolTip() const override;
     BezelStyle bezelStyle() const { return bezelStyle_; }
     void setBezelStyle(BezelStyle style) { bezelStyle_ = style; }
 
@@ -38,6 +40,7 @@ class Button : public Control {
     bool mouseDown(const MouseEvent& event) override;
     bool mouseDragged(const MouseEvent& event) override;
     bool mouseUp(const MouseEvent& event) override;
+    void mouseWasLost() override { setPressed(false); }
     bool keyDown(const KeyEvent& event) override;
     bool acceptsFirstResponder() const override { return isEnabled(); }
     Role accessibilityRole() const override { return toggles_ ? Role::CheckBox : Role::Button; }
@@ -48,8 +51,14 @@ class Button : public Control {
     bool accessibilityCanPress() const override { return true; }
     void accessibilityPress() override { performClick(); }
 
+  protected:
+    /// Whether the focus is to be marked.
+    virtual bool showsFocus() const;
+
   private:
     void setPressed(bool pressed);
+    /// What is there for picture and title.
+    Rect contentRect() const;
 
     std::string title_;
     platform::ImagePtr image_;

@@ -11,12 +11,14 @@
 
 namespace corvane::views {
 
-enum class TextAlignment : unsigned char { Left, Center, Right };
+/// Texts begin at the leading side and end at the trailing one: left and right where the user's
+/// language is written so, the other way round in one that is written from the right.
+enum class TextAlignment : unsigned char { Left, Center, Right, Leading, Trailing };
 
 struct TextStyle {
     Font font;
     platform::Color color;
-    TextAlignment alignment = TextAlignment::Left;
+    TextAlignment alignment = TextAlignment::Leading;
     bool wraps =
         false;  ///< from the top; otherwise one line in the middle, cut off with an ellipsis
 };

@@ -12,6 +12,7 @@ void Control::setEnabled(bool enabled) {
     if (enabled == enabled_) return;
     enabled_ = enabled;
     setNeedsDisplay();
+    accessibilityDidChange(AccessibilityChange::Enabled);
 }
 
 }  // namespace corvane::views

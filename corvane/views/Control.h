@@ -14,11 +14,12 @@ class Control : public View {
     using View::View;
 
     void setAction(Action action) { action_ = std::move(action); }
+    bool hasAction() const { return action_ != nullptr; }
     /// Tells whoever set the action; nobody where none did.
     virtual void sendAction();
 
     bool isEnabled() const { return enabled_; }
-    void setEnabled(bool enabled);
+    virtual void setEnabled(bool enabled);
     bool accessibilityEnabled() const override { return enabled_; }
 
   private:

@@ -45,6 +45,7 @@ void FieldEditor::selectAll() {
 void FieldEditor::setText(std::string text) {
     const auto field = client();
     if (!field || text == field->stringValue()) return;
+    window_.eventFollowers().eventHappened();  // a host's own widget takes the keys
     field->textDidChange(std::move(text));
     setSelection(start_, end_);
 }

@@ -12,6 +12,7 @@ void Label::setText(std::string text) {
     if (text == text_) return;
     text_ = std::move(text);
     setNeedsDisplay();
+    accessibilityDidChange(AccessibilityChange::Name);
 }
 
 void Label::setFont(const Font& font) {

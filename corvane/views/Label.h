@@ -36,7 +36,7 @@ class Label : public View {
     std::string text_;
     std::unique_ptr<platform::Color> textColor_;
     Font font_;
-    TextAlignment alignment_ = TextAlignment::Left;
+    TextAlignment alignment_ = TextAlignment::Leading;
     bool wraps_ = false;
 };
 

@@ -25,6 +25,9 @@ class MenuItem {
     bool isSeparator() const { return separator_; }
     const std::string& title() const { return title_; }
     void setTitle(std::string title) { title_ = std::move(title); }
+    /// Beside the title, at the other side of the menu; empty for none.
+    const std::string& detail() const { return detail_; }
+    void setDetail(std::string detail) { detail_ = std::move(detail); }
     const platform::ImagePtr& image() const { return image_; }
     void setImage(platform::ImagePtr image) { image_ = std::move(image); }
     bool isOn() const { return on_; }  ///< with a check mark
@@ -43,6 +46,7 @@ class MenuItem {
 
   private:
     std::string title_;
+    std::string detail_;
     Action action_;
     std::function<bool()> validation_;
     platform::ImagePtr image_;

@@ -30,4 +30,9 @@ TextAlignment trailingAlignment() {
     return isMirrored() ? TextAlignment::Left : TextAlignment::Right;
 }
 
+TextAlignment resolved(TextAlignment alignment) {
+    if (alignment == TextAlignment::Leading) return leadingAlignment();
+    return alignment == TextAlignment::Trailing ? trailingAlignment() : alignment;
+}
+
 }  // namespace corvane::views

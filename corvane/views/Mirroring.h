@@ -17,5 +17,7 @@ platform::Rect mirrored(const platform::Rect& rect, double widthOfView);
 /// On which side texts begin, and on which they end.
 TextAlignment leadingAlignment();
 TextAlignment trailingAlignment();
+/// Left, Center or Right.
+TextAlignment resolved(TextAlignment alignment);
 
 }  // namespace corvane::views

@@ -30,6 +30,7 @@ void TextField::setStringValue(std::string text) {
     if (text == stringValue_) return;
     stringValue_ = std::move(text);
     setNeedsDisplay();
+    accessibilityDidChange(AccessibilityChange::Value);
     if (!isEditing()) return;
     window()->fieldEditor().selectAll();
     window()->host().editedTextDidChange(*this);
@@ -94,6 +95,7 @@ void TextField::textDidBeginEditing() {
 void TextField::textDidChange(std::string text) {
     stringValue_ = std::move(text);
     setNeedsDisplay();
+    accessibilityDidChange(AccessibilityChange::Value);
     if (const auto delegate = this->delegate()) delegate->controlTextDidChange(*this);
 }
 
@@ -133,7 +135,8 @@ Cursor TextField::cursorAt(Point) const {
 // Looks.
 
 Rect TextField::textRect() const {
-    return bounds().insetBy(kMarginX, isMultiline() ? kMarginY : 0);
+    // Leaves the ring around it to be seen where a widget edits the text.
+    return bounds().insetBy(kMarginX, kMarginY);
 }
 
 Size TextField::preferredSizeThatFits(Size available) {

@@ -67,7 +67,7 @@ class TextField : public Control {
     virtual bool takesKey(const KeyEvent&) { return false; }
 
     /// Where the text stands within the bounds.
-    Rect textRect() const;
+    virtual Rect textRect() const;
     Size preferredSizeThatFits(Size available) override;
     void draw(Canvas& canvas, const Rect& dirty) override;
     bool mouseDown(const MouseEvent& event) override;
@@ -87,7 +87,7 @@ class TextField : public Control {
     std::weak_ptr<TextFieldDelegate> delegate_;
     std::unique_ptr<platform::Color> textColor_;
     Font font_;
-    TextAlignment alignment_ = TextAlignment::Left;
+    TextAlignment alignment_ = TextAlignment::Leading;
     bool editable_ = true;
     bool bordered_ = true;
 };

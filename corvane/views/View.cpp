@@ -62,22 +62,64 @@ const std::vector<std::shared_ptr<View>>& View::subviews() const {
 void View::addSubview(const std::shared_ptr<View>& view) {
     if (!view || isDescendantOf(*view)) return;
     view->removeFromSuperview();
-    if (view->superview_) return;  // whoever lost the focus put it elsewhere
+    Window* window = this->window();
+    if (window && !view->superview_) view->announceWindow(window);
+    // Whoever lost the focus, or was told, may have put it elsewhere.
+    if (view->superview_ || isDescendantOf(*view)) return;
+    window = this->window();
     view->superview_ = this;
     view->position_ = static_cast<std::uint32_t>(subviews_.size());
     subviews_.push_back(view);
     view->didMoveToSuperview();
+    if (window && view->superview_ == this) view->announceMove();
     view->setNeedsDisplay();
 }
 
 void View::removeFromSuperview() {
     if (!superview_) return;
     const auto keepAlive = superview_->subviews_[position_];
-    if (Window* window = this->window()) window->willRemove(*this);
-    if (!superview_) return;  // whoever lost the focus did it already
+    const bool leavesWindow = this->window() != nullptr;
+    if (leavesWindow) {
+        announceWindow(nullptr);
+        if (Window* window = this->window()) window->willRemove(*this);
+    }
+    if (!superview_) return;  // whoever was told, or lost the focus, did it already
     setNeedsDisplay();
     takeOut();
     didMoveToSuperview();
+    if (leavesWindow) announceMove();
+}
+
+void View::announceWindow(Window* window) {
+    willMoveToWindow(window);
+    if (subviews_.empty()) return;
+    for (const auto& view : std::vector(subviews()))
+        if (view->superview_ == this) view->announceWindow(window);
+}
+
+void View::announceMove() {
+    didMoveToWindow();
+    if (subviews_.empty()) return;
+    for (const auto& view : std::vector(subviews()))
+        if (view->superview_ == this) view->announceMove();
+}
+
+void View::bringToFront() {
+    if (!superview_) return;
+    auto& views = superview_->subviews_;
+    superview_->closeGaps();
+    std::rotate(views.begin() + position_, views.begin() + position_ + 1, views.end());
+    superview_->closeGaps();  // numbers them anew
+    setNeedsDisplay();
+}
+
+void View::sendToBack() {
+    if (!superview_) return;
+    auto& views = superview_->subviews_;
+    superview_->closeGaps();
+    std::rotate(views.begin(), views.begin() + position_, views.begin() + position_ + 1);
+    superview_->closeGaps();
+    setNeedsDisplay();
 }
 
 void View::takeOut() {
@@ -158,6 +200,7 @@ void View::scrollRectToVisible(const Rect& rect) {
 
 void View::setHidden(bool hidden) {
     if (hidden == hidden_) return;
+    const auto keepAlive = weak_from_this().lock();  // whoever loses the focus may take it out
     if (hidden) {
         setNeedsDisplay();
         if (Window* window = this->window()) window->willRemove(*this);
@@ -257,7 +300,10 @@ std::shared_ptr<View> View::previousKeyView() const {
 }
 
 void View::setNextKeyView(const std::shared_ptr<View>& view) {
-    if (const auto before = nextKeyView()) before->rarities().previousKeyView.reset();
+    const auto before = nextKeyView();
+    // Which may have been given another predecessor meanwhile.
+    if (before && before->previousKeyView().get() == this)
+        before->rarities().previousKeyView.reset();
     rarities().nextKeyView = view;
     if (view) view->rarities().previousKeyView = weak_from_this();
 }
@@ -299,7 +345,9 @@ std::string View::accessibilityName() const {
 }
 
 void View::setAccessibilityName(std::string name) {
+    if (name == rarities().accessibilityName) return;
     rarities().accessibilityName = std::move(name);
+    accessibilityDidChange(AccessibilityChange::Name);
 }
 
 void View::accessibilityDidChange(AccessibilityChange change) {

@@ -26,7 +26,7 @@ class MouseEvent;
 class ScrollView;
 class Window;
 enum class Command;
-enum class Cursor { Arrow, Text, PointingHand };
+enum class Cursor { Arrow, Text, PointingHand, ResizeLeftRight, ResizeUpDown };
 
 /// Bits; the platform's codes for what a drop would do.
 using DragOperation = std::uint64_t;
@@ -83,6 +83,9 @@ class View : public std::enable_shared_from_this<View> {
     void addSubview(const std::shared_ptr<View>& view);
     /// In constant time. The focus leaves the view first.
     void removeFromSuperview();
+    /// Over or below all that the superview holds; nothing without one. Keeps the focus.
+    void bringToFront();
+    void sendToBack();
     /// A view is its own descendant.
     bool isDescendantOf(const View& ancestor) const;
     /// The window at the root of the tree; null outside of one.
@@ -91,6 +94,10 @@ class View : public std::enable_shared_from_this<View> {
     ScrollView* enclosingScrollView() const;
     /// Called when it has come into another superview, or into none.
     virtual void didMoveToSuperview() {}
+    /// Called when the view, or one around it, is about to come into another window or into none,
+    /// and when it has.
+    virtual void willMoveToWindow(Window*) {}
+    virtual void didMoveToWindow() {}
 
     // Geometry.
 
@@ -141,6 +148,9 @@ class View : public std::enable_shared_from_this<View> {
     virtual bool mouseDown(const MouseEvent&) { return false; }
     virtual bool mouseDragged(const MouseEvent&) { return false; }
     virtual bool mouseUp(const MouseEvent&) { return false; }
+    /// In the place of the release, where the view goes away before it, is hidden or is covered by
+    /// a modal view.
+    virtual void mouseWasLost() {}
     virtual std::shared_ptr<Menu> menuForEvent(const MouseEvent&) { return nullptr; }
     virtual bool keyDown(const KeyEvent&) { return false; }
     /// What a key is bound to, or typed; see interpretKeyEvent.
@@ -163,7 +173,8 @@ class View : public std::enable_shared_from_this<View> {
     virtual bool canBecomeKeyView() const;
     std::shared_ptr<View> nextKeyView() const;
     std::shared_ptr<View> previousKeyView() const;
-    void setNextKeyView(const std::shared_ptr<View>& view);
+    /// Virtual for a view that stands in the chain for several (CompoundView.h).
+    virtual void setNextKeyView(const std::shared_ptr<View>& view);
     /// The nearest one in the chain that Tab may stop at; null where there is none but this one.
     std::shared_ptr<View> nextValidKeyView() const;
     std::shared_ptr<View> previousValidKeyView() const;
@@ -204,11 +215,15 @@ class View : public std::enable_shared_from_this<View> {
 
   private:
     friend class LayoutableView;
+    friend class Window;
     struct Rarities;
     Rarities& rarities();
     std::shared_ptr<View> validKeyView(std::shared_ptr<View> (View::*step)() const) const;
     void closeGaps() const;
     void takeOut();
+    /// To the view and all that it holds: willMoveToWindow, and didMoveToWindow.
+    void announceWindow(Window* window);
+    void announceMove();
 
     View* superview_ = nullptr;
     /// Subviews that have gone leave gaps, which close when somebody looks.

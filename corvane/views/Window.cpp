@@ -34,6 +34,16 @@ std::shared_ptr<View> firstKeyViewIn(const View& view) {
     return nullptr;
 }
 
+std::shared_ptr<View> lastKeyViewIn(const View& view) {
+    const auto& subviews = view.subviews();
+    for (auto inside = subviews.rbegin(); inside != subviews.rend(); ++inside) {
+        if ((*inside)->isHidden()) continue;
+        if (auto found = lastKeyViewIn(**inside)) return found;
+        if ((*inside)->canBecomeKeyView()) return *inside;
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 class Window::Root final : public View {
@@ -51,7 +61,9 @@ Window::Window(Size size)
     : root_(std::make_shared<Root>(*this, Rect{0, 0, size.width, size.height})) {}
 
 Window::~Window() {
+    root_->announceWindow(nullptr);
     static_cast<Root&>(*root_).leaveWindow();
+    root_->announceMove();
 }
 
 WindowHost& Window::host() const {
@@ -62,6 +74,7 @@ WindowHost& Window::host() const {
 void Window::setSize(Size size) {
     root_->setFrameSize(size);
     if (contentView_) contentView_->setFrame(root_->bounds());
+    modalViews_.fillWindow();
 }
 
 void Window::setContentView(const std::shared_ptr<View>& view) {
@@ -71,11 +84,13 @@ void Window::setContentView(const std::shared_ptr<View>& view) {
     if (!view) return;
     view->setFrame(root_->bounds());
     root_->addSubview(view);
+    view->sendToBack();
 }
 
 void Window::setActive(bool active) {
     if (active == active_) return;
     active_ = active;
+    eventFollowers_.eventHappened();  // what another program has copied may be pasted
     root_->setNeedsDisplay();
 }
 
@@ -84,7 +99,8 @@ void Window::setActive(bool active) {
 bool Window::makeFirstResponder(const std::shared_ptr<View>& view) {
     if (view == firstResponder_.lock()) return true;
     const auto isWelcome = [&] {
-        return !view || (view->window() == this && view->acceptsFirstResponder());
+        return !view || (view->window() == this && view->acceptsFirstResponder() &&
+                         modalViews_.admits(*view));
     };
     if (!isWelcome() || !resignFirstResponder(nullptr, false) || !isWelcome()) return false;
     firstResponder_ = view;
@@ -110,7 +126,9 @@ bool Window::resignFirstResponder(const View* within, bool evenIfRefused) {
 }
 
 bool Window::selectKeyView(const std::shared_ptr<View>& view) {
-    return view && makeFirstResponder(view);
+    if (!view || !makeFirstResponder(view)) return false;
+    view->scrollRectToVisible(view->bounds());
+    return true;
 }
 
 bool Window::selectNextKeyViewOf(const View& view) {
@@ -121,18 +139,30 @@ bool Window::selectPreviousKeyViewOf(const View& view) {
     return selectKeyView(view.previousValidKeyView());
 }
 
+bool Window::selectFirstKeyViewIn(const View& view) {
+    return selectKeyView(firstKeyViewIn(view));
+}
+
+bool Window::selectLastKeyViewIn(const View& view) {
+    return selectKeyView(lastKeyViewIn(view));
+}
+
 void Window::willRemove(const View& view) {
-    if (const auto captured = captured_.lock(); captured && captured->isDescendantOf(view))
+    if (const auto captured = captured_.lock(); captured && captured->isDescendantOf(view)) {
         captured_.reset();
-    const auto first = firstResponder_.lock();
-    if (!first || !first->isDescendantOf(view)) return;
-    resignFirstResponder(&view, true);
-    if (firstResponder_.expired()) host().firstResponderDidChange(nullptr);
+        captured->mouseWasLost();
+    }
+    if (const auto first = firstResponder_.lock(); first && first->isDescendantOf(view)) {
+        resignFirstResponder(&view, true);
+        if (firstResponder_.expired()) host().firstResponderDidChange(nullptr);
+    }
+    modalViews_.willRemove(view);
 }
 
 // Events.
 
 bool Window::mouseDown(const MouseEvent& event) {
+    eventFollowers_.eventHappened();
     captured_.reset();
     const auto taker =
         offer(viewAt(event.locationInWindow()), [&](View& view) { return view.mouseDown(event); });
@@ -146,12 +176,14 @@ bool Window::mouseDragged(const MouseEvent& event) {
 }
 
 bool Window::mouseUp(const MouseEvent& event) {
+    eventFollowers_.eventHappened();
     const auto view = captured_.lock();
     captured_.reset();
     return view && view->mouseUp(event);
 }
 
 std::shared_ptr<Menu> Window::contextMenu(const MouseEvent& event) {
+    eventFollowers_.eventHappened();
     std::shared_ptr<Menu> menu;
     offer(viewAt(event.locationInWindow()), [&](View& view) {
         menu = view.menuForEvent(event);
@@ -162,11 +194,15 @@ std::shared_ptr<Menu> Window::contextMenu(const MouseEvent& event) {
 }
 
 bool Window::keyDown(const KeyEvent& event) {
+    eventFollowers_.eventHappened();
     const auto first = firstResponder_.lock();
-    if (offer(first, [&](View& view) { return view.keyDown(event); })) return true;
+    const auto modal = modalViews_.current();
+    if (offer(first ? first : modal, [&](View& view) { return view.keyDown(event); })) return true;
     // Whoever has no focus can still be reached by the keyboard.
-    if (!first && commandForKey(event) == Command::InsertTab)
-        return selectKeyView(firstKeyViewIn(*root_));
+    const auto command = commandForKey(event);
+    const View& within = modal ? *modal : *root_;
+    if (!first && command == Command::InsertTab) return selectFirstKeyViewIn(within);
+    if (!first && command == Command::InsertBacktab) return selectLastKeyViewIn(within);
     host().beep();
     return false;
 }
@@ -198,6 +234,7 @@ void Window::beginSheet(Alert alert, AlertCompletion completion) {
 
 void Window::endSheet(int response) {
     if (sheets_.empty()) return;
+    eventFollowers_.eventHappened();
     const AlertCompletion completion = std::move(sheets_.front().completion);
     sheets_.pop_front();
     // The next one is on its way before anybody can add another.
@@ -209,6 +246,11 @@ void Window::beginDragging(DragSession session) {
     captured_.reset();
     dragSession_ = std::make_shared<DragSession>(std::move(session));
     host().beginDragging(dragSession_);
+}
+
+bool Window::drop(DraggingInfo& info) {
+    eventFollowers_.eventHappened();
+    return dropRouter_.dropped(*root_, info);
 }
 
 }  // namespace corvane::views

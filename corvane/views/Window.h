@@ -3,7 +3,9 @@
 
 #include "corvane/views/Alert.h"
 #include "corvane/views/Drag.h"
+#include "corvane/views/EventFollowers.h"
 #include "corvane/views/FieldEditor.h"
+#include "corvane/views/ModalViews.h"
 #include "corvane/views/View.h"
 
 #include <deque>
@@ -42,10 +44,13 @@ class Window {
 
     const std::shared_ptr<View> firstResponder() const { return firstResponder_.lock(); }
     /// Null takes the focus from everybody. False where the present one keeps it, or the new one
-    /// does not want it or is not in this window.
+    /// does not want it, is not in this window or lies below a modal view.
     bool makeFirstResponder(const std::shared_ptr<View>& view);
     bool selectNextKeyViewOf(const View& view);
     bool selectPreviousKeyViewOf(const View& view);
+    /// Of those that Tab may stop at, by their order in the tree.
+    bool selectFirstKeyViewIn(const View& view);
+    bool selectLastKeyViewIn(const View& view);
     FieldEditor& fieldEditor() { return fieldEditor_; }
     const FieldEditor& fieldEditor() const { return fieldEditor_; }
 
@@ -58,6 +63,10 @@ class Window {
     std::shared_ptr<Menu> contextMenu(const MouseEvent& event);
     bool keyDown(const KeyEvent& event);
     std::shared_ptr<View> viewAt(Point point) const { return root_->hitTest(point); }
+    EventFollowers& eventFollowers() { return eventFollowers_; }
+
+    /// What takes events and keys for itself.
+    ModalViews& modalViews() { return modalViews_; }
 
     // Drawing.
 
@@ -80,9 +89,9 @@ class Window {
     const std::shared_ptr<DragSession>& dragSession() const { return dragSession_; }
     DragOperation draggingMoved(DraggingInfo& info) { return dropRouter_.moved(*root_, info); }
     void draggingExited(DraggingInfo& info) { dropRouter_.exited(info); }
-    bool drop(DraggingInfo& info) { return dropRouter_.dropped(*root_, info); }
+    bool drop(DraggingInfo& info);
 
-    /// Of View alone: the view is about to leave or to be hidden.
+    /// Of View and ModalViews alone: the view is about to leave, to be hidden or to be covered.
     void willRemove(const View& view);
 
   private:
@@ -102,10 +111,12 @@ class Window {
     std::weak_ptr<View> firstResponder_;
     std::weak_ptr<View> captured_;  ///< gets what the pointer does until it is released
     FieldEditor fieldEditor_{*this};
+    ModalViews modalViews_{*this};
     Rect dirty_;
     std::deque<Sheet> sheets_;
     std::shared_ptr<DragSession> dragSession_;
     DropRouter dropRouter_;
+    EventFollowers eventFollowers_;
     bool active_ = true;
 };
 

@@ -1,3 +1,4 @@
+#include "corvane/platform/Locale.h"
 #include "corvane/views/Command.h"
 #include "corvane/views/Menu.h"
 #include "corvane/views/TextView.h"
@@ -116,6 +117,17 @@ TEST(TableCell, DefersItsSingleClick) {
     fixture.table->setAutoReuseCells(false);
     fixture.table->reloadData();  // while a click is waiting
     fixture.loop.advance(1);
+}
+
+TEST(TableKeys, LeadToTheNextSectionAtTheLeftWhereLinesBeginAtTheRight) {
+    const platform::ScopedLocale locale{platform::Locale("he_IL")};
+    TableFixture fixture({{1}, {2}});
+    fixture.table->setSupportsLeftRightCursorMovement(true);
+    fixture.focus(0, 0);
+    fixture.press(kKeyLeftArrow);
+    EXPECT_EQ(fixture.rows(), "1 |[2 |");
+    fixture.press(kKeyRightArrow);
+    EXPECT_EQ(fixture.rows(), "[1 |2 |");
 }
 
 TEST(TableKeys, WalkRowsAndSections) {
