@@ -72,8 +72,17 @@ def too_long():
             for name, length in lengths.items() if length > LONGEST_SOURCE]
 
 
+def unused_texts():
+    sources = "\n".join((ROOT / name).read_text() for name in tracked("corvane/*.cpp", "corvane/*.h"))
+    return [f"{name}: nothing shows the text of {key}"
+            for name in tracked("corvane/vocabulary/strings/*.strings")
+            for key in re.findall(r"(?m)^(\w+) *=", (ROOT / name).read_text())
+            if not re.search(rf'"{key}"|\$\{{{key}\}}', sources)]
+
+
 def main():
     problems = badly_formatted() + against_the_layers() + not_listed() + too_long()
+    problems += unused_texts()
     for problem in problems:
         print(problem)
     print(f"check: {len(problems)} problem(s)")

@@ -23,7 +23,7 @@ class ChooserField : public ValueField, public PopOverDelegate {
     /// Only while it is being brought to the screen, which may end the editing by itself.
     bool dateChooserPopoverIsBeingPresented() const { return presenting_; }
     /// Nothing where the field is in no window or takes no text.
-    void showDateChooserOverlay();
+    virtual void showDateChooserOverlay();
     void hideDateChooserOverlay();
 
     bool becomeFirstResponder() override;

@@ -21,8 +21,14 @@ class ChooserView::Cell final : public views::View {
 
     void setState(CellState state) {
         if (state == state_) return;
-        state_ = std::move(state);
+        const CellState before = std::exchange(state_, std::move(state));
         setNeedsDisplay();
+        using Change = views::AccessibilityChange;
+        if (before.text != state_.text) accessibilityDidChange(Change::Name);
+        if (before.selected != state_.selected) accessibilityDidChange(Change::Selected);
+        // Where the keys are is what the chooser says of itself.
+        if (before.highlighted != state_.highlighted)
+            chooser_.accessibilityDidChange(Change::Value);
     }
 
     void draw(views::Canvas& canvas, const Rect&) override {

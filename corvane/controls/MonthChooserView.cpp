@@ -97,10 +97,10 @@ MonthChooserView::MonthChooserView(platform::Locale locale)
 void MonthChooserView::addSubviews() {
     const Rect left{kMargin, 0, kCellWidth, kTitleHeight};
     const Rect right{kSize.width - kMargin - kCellWidth, 0, kCellWidth, kTitleHeight};
-    const auto leftMove = mirrored_ ? DayMove::NextMonth : DayMove::PreviousMonth;
-    const auto rightMove = mirrored_ ? DayMove::PreviousMonth : DayMove::NextMonth;
-    addSubview(std::make_shared<PageButton>(*this, left, leftMove, "‹"));
-    addSubview(std::make_shared<PageButton>(*this, right, rightMove, "›"));
+    addSubview(std::make_shared<PageButton>(*this, mirrored_ ? right : left, DayMove::PreviousMonth,
+                                            mirrored_ ? "›" : "‹"));
+    addSubview(std::make_shared<PageButton>(*this, mirrored_ ? left : right, DayMove::NextMonth,
+                                            mirrored_ ? "‹" : "›"));
     for (int i = 0; i < MonthGrid::kDays; ++i)
         addCell(cellFrame(i / MonthGrid::kColumns, i % MonthGrid::kColumns));
 }
