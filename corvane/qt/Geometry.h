@@ -1,8 +1,10 @@
-// The library's rectangles and texts in Qt's terms. Functions without state; any thread.
+// The library's rectangles, texts and sides in Qt's terms. Functions without state; the sides are
+// known to the main thread, the others to any.
 #pragma once
 
 #include "corvane/platform/Point.h"
 #include "corvane/platform/Rect.h"
+#include "corvane/views/Mirroring.h"
 
 #include <QRect>
 #include <QRectF>
@@ -35,6 +37,23 @@ inline platform::Rect rectOf(const QRectF& rect) {
 /// Of whole points, so that nothing of it is left out.
 inline QRect qRectAround(const platform::Rect& rect) {
     return qRect(rect).toAlignedRect();
+}
+
+/// Absolute: the column of a text does not depend on its script.
+inline Qt::Alignment qAlignment(views::TextAlignment alignment) {
+    switch (views::resolved(alignment)) {
+        case views::TextAlignment::Center:
+            return Qt::AlignHCenter;
+        case views::TextAlignment::Right:
+            return Qt::AlignRight | Qt::AlignAbsolute;
+        default:
+            return Qt::AlignLeft | Qt::AlignAbsolute;
+    }
+}
+
+/// Of what the desktop lays out by itself.
+inline Qt::LayoutDirection layoutDirection() {
+    return views::isMirrored() ? Qt::RightToLeft : Qt::LeftToRight;
 }
 
 }  // namespace corvane::qt

@@ -9,7 +9,6 @@
 #include "corvane/qt/QtCanvas.h"
 #include "corvane/qt/Scrolling.h"
 #include "corvane/qt/Sheets.h"
-#include "corvane/qt/ViewAccessibility.h"
 #include "corvane/views/TextField.h"
 #include "corvane/views/Theme.h"
 
@@ -17,6 +16,7 @@
 #include <QContextMenuEvent>
 #include <QDrag>
 #include <QHelpEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QPointer>
 #include <QStyleHints>
@@ -172,6 +172,10 @@ void HostWidget::showCursorAt(Point point) {
             return setCursor(Qt::IBeamCursor);
         case views::Cursor::PointingHand:
             return setCursor(Qt::PointingHandCursor);
+        case views::Cursor::ResizeLeftRight:
+            return setCursor(Qt::SplitHCursor);
+        case views::Cursor::ResizeUpDown:
+            return setCursor(Qt::SplitVCursor);
         default:
             return unsetCursor();
     }
@@ -212,7 +216,7 @@ void HostWidget::keyPressEvent(QKeyEvent* event) {
     const auto key = keyEventOf(*event);
     if (key.characters().empty()) return event->ignore();
     event->accept();
-    if (!scrollByKey(window_, key.firstCharacter())) keyDown(key);
+    keyDown(key);
 }
 
 void HostWidget::keyDown(const views::KeyEvent& event) {
@@ -220,11 +224,14 @@ void HostWidget::keyDown(const views::KeyEvent& event) {
     const bool forward = command == views::Command::InsertTab;
     const bool moves = forward || command == views::Command::InsertBacktab;
     const QPointer<HostWidget> alive(this);
-    keysAreTried_ = moves;
+    // A grid or a row of choices has a use for them; whatever has none is scrolled.
+    const bool scrolls = isScrollKey(event.firstCharacter());
+    keysAreTried_ = moves || scrolls;
     const bool done = window_.keyDown(event);
     if (!alive) return;
     keysAreTried_ = false;
     if (moves && !done) focusNextPrevChild(forward);
+    if (scrolls && !done) scrollByKey(window_, event.firstCharacter());
 }
 
 void HostWidget::beep() {
@@ -282,7 +289,10 @@ void HostWidget::showSheet(const views::Alert& alert) {
 }
 
 void HostWidget::showMenu(const std::shared_ptr<views::Menu>& menu, platform::Point inWindow) {
-    qt::showMenu(menu, *this, mapToGlobal(qPoint(inWindow).toPoint()));
+    auto* shown = qt::showMenu(menu, *this, mapToGlobal(qPoint(inWindow).toPoint()));
+    if (shown)
+        connect(shown, &QMenu::triggered, this,
+                [this] { window_.eventFollowers().eventHappened(); });
 }
 
 void HostWidget::beginDragging(const std::shared_ptr<views::DragSession>& session) {

@@ -6,6 +6,7 @@
 #include "corvane/qt/DropTarget.h"
 #include "corvane/qt/LiveEditor.h"
 #include "corvane/qt/Scrollers.h"
+#include "corvane/qt/ViewAccessibility.h"
 #include "corvane/views/Window.h"
 #include "corvane/views/WindowHost.h"
 
@@ -64,6 +65,9 @@ class HostWidget : public QWidget, public views::WindowHost {
     void showSheet(const views::Alert& alert) override;
     void showMenu(const std::shared_ptr<views::Menu>& menu, platform::Point inWindow) override;
     void beginDragging(const std::shared_ptr<views::DragSession>& session) override;
+    void accessibilityDidChange(views::View& view, views::AccessibilityChange change) override {
+        tellChangeOf(*this, view, change);
+    }
     void beep() override;
 
     void pressed(QMouseEvent& event, bool isDoubleClick);

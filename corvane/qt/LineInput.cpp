@@ -24,9 +24,10 @@ class LineInput final : public TextInput {
     QWidget& widget() override { return *edit_; }
     QWidget& surface() override { return *edit_; }
     void takeStyleOf(const views::TextField& field, platform::Appearance appearance) override {
+        edit_->setLayoutDirection(layoutDirection());
         edit_->setFont(fontFace(field.font()).qFont);
         edit_->setPalette(paletteOf(field, edit_->palette(), appearance));
-        edit_->setAlignment(alignmentOf(field) | Qt::AlignVCenter);
+        edit_->setAlignment(qAlignment(field.alignment()) | Qt::AlignVCenter);
         edit_->setPlaceholderText(qString(field.placeholderString()));
         edit_->setEchoMode(field.isSecure() ? QLineEdit::Password : QLineEdit::Normal);
         edit_->setAccessibleName(qString(field.accessibilityName()));

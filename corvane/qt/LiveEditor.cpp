@@ -2,6 +2,7 @@
 
 #include "corvane/qt/Geometry.h"
 #include "corvane/qt/Keys.h"
+#include "corvane/views/Event.h"
 #include "corvane/views/TextField.h"
 #include "corvane/views/Window.h"
 
@@ -117,7 +118,9 @@ void LiveEditor::forward(const QMouseEvent& event) {
     const QPointF local = surface.mapFrom(&host_, event.position());
     QMouseEvent copy(event.type(), local, event.globalPosition(), event.button(), event.buttons(),
                      event.modifiers());
+    forwarding_ = true;
     QCoreApplication::sendEvent(&surface, &copy);
+    forwarding_ = false;
 }
 
 // From the widget to the field.
@@ -154,6 +157,9 @@ bool LiveEditor::eventFilter(QObject* watched, QEvent* event) {
             return true;
         case QEvent::KeyPress:
             return keyPressed(static_cast<QKeyEvent&>(*event));
+        case QEvent::MouseButtonPress:
+            pressed(static_cast<QMouseEvent&>(*event));
+            return false;
         case QEvent::FocusIn:
             calls_.focusChanged();
             return false;
@@ -166,6 +172,14 @@ bool LiveEditor::eventFilter(QObject* watched, QEvent* event) {
         default:
             return false;
     }
+}
+
+void LiveEditor::pressed(const QMouseEvent& event) {
+    const auto field = client();
+    // What was forwarded, the field has had.
+    if (!field || forwarding_ || event.button() != Qt::LeftButton) return;
+    const QPointF inHost = host_.mapFromGlobal(event.globalPosition());
+    field->mouseDown(views::MouseEvent(pointOf(inHost), 1, modifierFlags(event.modifiers())));
 }
 
 void LiveEditor::focusLost(Qt::FocusReason reason) {

@@ -59,6 +59,8 @@ class LiveEditor final : public QObject {
     void giveSelection();
     void takeSelection();
     void focusLost(Qt::FocusReason reason);
+    /// The field may do more about a press than to be edited, such as to open its chooser.
+    void pressed(const QMouseEvent& event);
 
     QWidget& host_;
     views::Window& window_;
@@ -68,6 +70,7 @@ class LiveEditor final : public QObject {
     std::unique_ptr<TextInput> paragraph_;
     TextInput* input_ = nullptr;
     bool taking_ = false;  ///< the program's text, which the user did not type
+    bool forwarding_ = false;
 };
 
 }  // namespace corvane::qt

@@ -15,7 +15,7 @@ namespace corvane::qt {
 /// parent. Nothing of the menu's is called after it was destroyed.
 QMenu* qMenuOf(const std::shared_ptr<views::Menu>& menu, QWidget& parent);
 
-/// Returns at once. The menu goes away by itself. One without items is not shown.
-void showMenu(const std::shared_ptr<views::Menu>& menu, QWidget& parent, QPoint positionOnScreen);
+/// Returns at once. The menu goes away by itself. One without items is not shown, and null.
+QMenu* showMenu(const std::shared_ptr<views::Menu>& menu, QWidget& parent, QPoint positionOnScreen);
 
 }  // namespace corvane::qt

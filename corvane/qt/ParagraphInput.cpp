@@ -42,7 +42,9 @@ class ParagraphInput final : public TextInput {
     void takeStyleOf(const views::TextField& field, platform::Appearance appearance) override {
         edit_->setFont(fontFace(field.font()).qFont);
         edit_->setPalette(paletteOf(field, edit_->palette(), appearance));
-        QTextOption option(alignmentOf(field));
+        // The widget itself is laid out from the left: the other way round it would scroll by the
+        // space at the end of a line that just fits.
+        QTextOption option(qAlignment(field.alignment()));
         option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
         edit_->document()->setDefaultTextOption(option);
         edit_->setPlaceholderText(qString(field.placeholderString()));

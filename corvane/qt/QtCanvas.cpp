@@ -6,6 +6,7 @@
 #include "corvane/qt/QtImage.h"
 #include "corvane/qt/ShapedLines.h"
 #include "corvane/qt/TextLines.h"
+#include "corvane/views/Mirroring.h"
 
 #include <QPaintEngine>
 #include <QPainter>
@@ -26,14 +27,9 @@ namespace {
 /// On a document, which has no pixels of its own: what a printer shows of a picture.
 constexpr double kPaperScale = 4;
 
-Qt::Alignment qAlignment(TextAlignment alignment) {
-    if (alignment == TextAlignment::Center) return Qt::AlignHCenter;
-    // Absolute, so that a Hebrew text does not leave its column.
-    return (alignment == TextAlignment::Right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute;
-}
-
 /// How far a text of that width stands from the left.
-double indent(TextAlignment alignment, double room, double width) {
+double indent(TextAlignment wanted, double room, double width) {
+    const TextAlignment alignment = views::resolved(wanted);
     if (alignment == TextAlignment::Left) return 0;
     return alignment == TextAlignment::Right ? room - width : (room - width) / 2;
 }

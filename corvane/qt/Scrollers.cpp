@@ -1,6 +1,7 @@
 #include "corvane/qt/Scrollers.h"
 
 #include "corvane/views/Canvas.h"
+#include "corvane/views/Mirroring.h"
 #include "corvane/views/ScrollView.h"
 #include "corvane/views/Theme.h"
 #include "corvane/views/Window.h"
@@ -19,7 +20,7 @@ namespace {
 constexpr double kWidth = 5;
 constexpr double kHoveredWidth = 8;
 constexpr double kMargin = 2;
-constexpr double kReach = 10;  ///< from the right edge: where the pointer finds it
+constexpr double kReach = 10;  ///< from the trailing edge: where the pointer finds it
 constexpr double kLeastLength = 28;
 constexpr double kOpacity = 0.45;
 constexpr double kHoveredOpacity = 0.75;
@@ -61,8 +62,9 @@ void drawIn(views::View& view, views::Canvas& canvas, const Rect& dirty,
         if (!bar) continue;
         const bool wide = scrollView == hovered;
         const double width = wide ? kHoveredWidth : kWidth;
+        const Rect rect{frame.width - width - kMargin, bar->start, width, bar->length};
         canvas.fillRoundedRect(
-            {frame.width - width - kMargin, bar->start, width, bar->length}, width / 2,
+            views::mirrored(rect, frame.width), width / 2,
             views::theme().secondaryText.withAlpha(wide ? kHoveredOpacity : kOpacity));
     }
 }
@@ -80,8 +82,10 @@ std::shared_ptr<ScrollView> Scrollers::scrollViewWithBarAt(Point point) const {
     for (; view; view = view->enclosingScrollView()) {
         const Point inside = view->convertFromWindow(point);
         const auto bar = barOf(*view);
-        if (bar && inside.x >= view->frame().width - kReach && inside.y >= bar->start &&
-            inside.y < bar->start + bar->length)
+        if (!bar) continue;
+        const double width = view->frame().width;
+        const Rect reach{width - kReach, bar->start, kReach, bar->length};
+        if (views::mirrored(reach, width).contains(inside))
             return std::static_pointer_cast<ScrollView>(view->shared_from_this());
     }
     return nullptr;

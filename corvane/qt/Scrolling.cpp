@@ -71,11 +71,16 @@ bool scrollAt(const views::Window& window, Point point, Point distance) {
     return false;
 }
 
-bool scrollByKey(const views::Window& window, char32_t key) {
-    if (key != kKeyHome && key != kKeyEnd && key != kKeyPageUp && key != kKeyPageDown) return false;
+bool isScrollKey(char32_t key) {
+    return key == kKeyHome || key == kKeyEnd || key == kKeyPageUp || key == kKeyPageDown;
+}
+
+void scrollByKey(views::Window& window, char32_t key) {
     const auto first = window.firstResponder();
-    auto* view = first ? scrollViewAround(first.get()) : anyScrollViewIn(window.root());
-    if (!view) return true;
+    const auto modal = window.modalViews().current();
+    auto* view =
+        first ? scrollViewAround(first.get()) : anyScrollViewIn(modal ? *modal : window.root());
+    if (!view) return;
     const auto visible = view->documentVisibleRect();
     const double page = std::max(kLine, visible.height - kOverlap);
     double y = visible.y;
@@ -84,7 +89,6 @@ bool scrollByKey(const views::Window& window, char32_t key) {
     if (key == kKeyPageUp) y -= page;
     if (key == kKeyPageDown) y += page;
     view->scrollTo({visible.x, y});
-    return true;
 }
 
 }  // namespace corvane::qt

@@ -21,7 +21,9 @@ views::Point scrollDistance(const QWheelEvent& event);
 /// The innermost scroll view at the place that has somewhere to go. Whether there was one.
 bool scrollAt(const views::Window& window, views::Point point, views::Point distance);
 
-/// By Home, End and the keys for pages. Whether the key is one of these.
-bool scrollByKey(const views::Window& window, char32_t key);
+/// Home, End and the keys for pages.
+bool isScrollKey(char32_t key);
+/// By one of these, what has the focus, or anything where nothing has.
+void scrollByKey(views::Window& window, char32_t key);
 
 }  // namespace corvane::qt

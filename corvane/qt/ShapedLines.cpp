@@ -46,6 +46,8 @@ ShapedLine shaped(std::string_view text, const FontFace& face, double width) {
     // From the left in any script: who draws knows where the line stands.
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
     option.setWrapMode(QTextOption::NoWrap);
+    // By what it says, not by the language of the program: a full stop follows its sentence.
+    option.setTextDirection(Qt::LayoutDirectionAuto);
     layout.setTextOption(option);
     layout.beginLayout();
     if (QTextLine only = layout.createLine(); only.isValid()) {

@@ -23,6 +23,7 @@ QMessageBox* showSheet(const views::Alert& alert, QWidget& parent,
     auto* box = new QMessageBox(&parent);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setTextFormat(Qt::PlainText);
+    box->setLayoutDirection(layoutDirection());
     box->setText(qString(alert.messageText));
     box->setInformativeText(qString(alert.informativeText));
     QList<QPushButton*> buttons;

@@ -20,16 +20,4 @@ inline QPalette paletteOf(const views::TextField& field, QPalette palette,
     return palette;
 }
 
-/// Absolute: the column of a text does not depend on its script.
-inline Qt::Alignment alignmentOf(const views::TextField& field) {
-    switch (field.alignment()) {
-        case views::TextAlignment::Center:
-            return Qt::AlignHCenter;
-        case views::TextAlignment::Right:
-            return Qt::AlignRight | Qt::AlignAbsolute;
-        default:
-            return Qt::AlignLeft | Qt::AlignAbsolute;
-    }
-}
-
 }  // namespace corvane::qt

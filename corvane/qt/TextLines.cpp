@@ -22,6 +22,8 @@ TextLines::TextLines(std::string_view text, const FontFace& face, double width,
               face.qFont) {
     QTextOption option(width > 0 ? alignment : Qt::AlignLeft);
     option.setWrapMode(width > 0 ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+    // By what the text says, not by the language of the program: a full stop follows its sentence.
+    option.setTextDirection(Qt::LayoutDirectionAuto);
     layout_.setTextOption(option);
     layout_.setCacheEnabled(false);
     layout_.beginLayout();

@@ -3,6 +3,7 @@
 #include "corvane/qt/Geometry.h"
 #include "corvane/qt/HostWidget.h"
 #include "corvane/qt/ViewAccessible.h"
+#include "corvane/views/TextField.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -54,6 +55,13 @@ class HostAccessible final : public QAccessibleWidget {
     HostWidget& host_;
 };
 
+/// The desktop, by way of Qt, which knows whether anybody there wants to hear.
+class Desktop final : public AccessibilityListener {
+  public:
+    bool isActive() override { return QAccessible::isActive(); }
+    void hear(QAccessibleEvent& event) override { QAccessible::updateAccessibility(&event); }
+};
+
 QAccessibleInterface* makeInterface(const QString&, QObject* object) {
     auto* host = dynamic_cast<HostWidget*>(object);
     return host ? new HostAccessible(*host) : nullptr;
@@ -61,17 +69,35 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
 
 }  // namespace
 
+std::atomic<AccessibilityListener*>& listenerInForce() {
+    static Desktop desktop;
+    static std::atomic<AccessibilityListener*> listener{&desktop};
+    return listener;
+}
+
+AccessibilityListener& accessibilityListener() {
+    return *listenerInForce();
+}
+
 void installViewAccessibility() {
     static const bool installed = (QAccessible::installFactory(makeInterface), true);
     static_cast<void>(installed);
 }
 
 void tellFocusOf(HostWidget& host, View& view) {
-    if (!QAccessible::isActive()) return;
+    if (!accessibilityListener().isActive()) return;
     auto* interface = accessibleOf(host, view.shared_from_this());
     if (!interface) return;
     QAccessibleEvent event(interface, QAccessible::Focus);
-    QAccessible::updateAccessibility(&event);
+    accessibilityListener().hear(event);
+}
+
+void tellChangeOf(HostWidget& host, View& view, views::AccessibilityChange change) {
+    if (!accessibilityListener().isActive()) return;
+    // While a field is edited, the live editor tells of it.
+    const auto* field = dynamic_cast<const views::TextField*>(&view);
+    if (field && field->isEditing() && change == views::AccessibilityChange::Value) return;
+    if (auto* interface = accessibleOf(host, view.weak_from_this().lock())) interface->tell(change);
 }
 
 }  // namespace corvane::qt

@@ -5,6 +5,7 @@
 #include "corvane/views/TextField.h"
 
 #include <QAccessible>
+#include <QElapsedTimer>
 #include <algorithm>
 #include <map>
 
@@ -54,6 +55,44 @@ void collect(const View& view, std::vector<std::shared_ptr<View>>& found) {
             found.push_back(inside);
         }
     }
+}
+
+/// Readers ask for one child after the other, and tables have thousands of them: the list is kept
+/// for a moment, in which nobody can tell an old one from a new one.
+class Walk {
+  public:
+    std::shared_ptr<View> childOf(const std::shared_ptr<View>& parent, std::size_t index) {
+        if (index == 0 || index >= children_.size() || parent_.lock() != parent ||
+            !age_.isValid() || age_.hasExpired(kMoment))
+            begin(parent);
+        auto child = at(index);
+        // One of them may have gone meanwhile.
+        if (child && child->window() && child->isDescendantOf(*parent)) return child;
+        begin(parent);
+        return at(index);
+    }
+
+  private:
+    static constexpr qint64 kMoment = 50;  ///< in milliseconds
+
+    void begin(const std::shared_ptr<View>& parent) {
+        const auto found = accessibleViewsIn(*parent);
+        children_.assign(found.begin(), found.end());
+        parent_ = parent;
+        age_.start();
+    }
+    std::shared_ptr<View> at(std::size_t index) const {
+        return index < children_.size() ? children_[index].lock() : nullptr;
+    }
+
+    std::weak_ptr<View> parent_;
+    std::vector<std::weak_ptr<View>> children_;
+    QElapsedTimer age_;
+};
+
+Walk& lastWalk() {
+    static Walk walk;
+    return walk;
 }
 
 QAccessible::Role qRole(Role role) {
@@ -121,12 +160,15 @@ std::vector<std::shared_ptr<View>> accessibleViewsIn(const View& view) {
     return found;
 }
 
-QAccessibleInterface* accessibleOf(HostWidget& host, const std::shared_ptr<View>& view) {
+ViewAccessible* accessibleOf(HostWidget& host, const std::shared_ptr<View>& view) {
     if (!view || view->accessibilityRole() == Role::None) return nullptr;
     const auto entry = known().find(view.get());
     if (entry != known().end()) {
-        if (entry->second.view.lock() == view)
-            return QAccessible::accessibleInterface(entry->second.id);
+        auto* interface =
+            static_cast<ViewAccessible*>(QAccessible::accessibleInterface(entry->second.id));
+        // What is shown again, as a chooser is, may have come to another host.
+        if (entry->second.view.lock() == view && interface && interface->isOf(host))
+            return interface;
         QAccessible::deleteAccessibleInterface(entry->second.id);
         known().erase(entry);
     }
@@ -137,7 +179,7 @@ QAccessibleInterface* accessibleOf(HostWidget& host, const std::shared_ptr<View>
 }
 
 ViewAccessible::ViewAccessible(HostWidget& host, const std::shared_ptr<View>& view)
-    : host_(&host), view_(view) {}
+    : host_(&host), view_(view), text_(view), number_(view) {}
 
 bool ViewAccessible::isValid() const {
     const auto view = view_.lock();
@@ -162,9 +204,9 @@ int ViewAccessible::childCount() const {
 }
 
 QAccessibleInterface* ViewAccessible::child(int index) const {
-    const auto views = children();
-    if (!host_ || index < 0 || index >= static_cast<int>(views.size())) return nullptr;
-    return accessibleOf(*host_, views[static_cast<std::size_t>(index)]);
+    const auto view = view_.lock();
+    if (!host_ || !view || index < 0) return nullptr;
+    return accessibleOf(*host_, lastWalk().childOf(view, static_cast<std::size_t>(index)));
 }
 
 int ViewAccessible::indexOfChild(const QAccessibleInterface* child) const {
@@ -192,11 +234,23 @@ QString ViewAccessible::text(QAccessible::Text kind) const {
         case QAccessible::Value:
             return qString(view->accessibilityValue());
         case QAccessible::Help:
-        case QAccessible::Description:
             return qString(view->toolTip());
+        case QAccessible::Description:
+            return description();
         default:
             return {};
     }
+}
+
+/// The desktop's readers know values of fields and of what can be measured; any other value would
+/// remain unsaid.
+QString ViewAccessible::description() const {
+    const auto view = view_.lock();
+    const bool isSaid = view->accessibilityRole() == Role::TextField || number_.number();
+    const QString value = isSaid ? QString() : qString(view->accessibilityValue());
+    const QString toolTip = qString(view->toolTip());
+    if (toolTip.isEmpty() || toolTip == value || toolTip == nameOf(*view)) return value;
+    return value.isEmpty() ? toolTip : value + QLatin1String(", ") + toolTip;
 }
 
 QRect ViewAccessible::rect() const {
@@ -206,9 +260,13 @@ QRect ViewAccessible::rect() const {
     return {host_->mapToGlobal(area.topLeft()), area.size()};
 }
 
-QAccessible::Role ViewAccessible::role() const {
+Role ViewAccessible::viewRole() const {
     const auto view = view_.lock();
-    return view ? qRole(view->accessibilityRole()) : QAccessible::NoRole;
+    return view ? view->accessibilityRole() : Role::None;
+}
+
+QAccessible::Role ViewAccessible::role() const {
+    return qRole(viewRole());
 }
 
 QAccessible::State ViewAccessible::state() const {
@@ -238,8 +296,17 @@ QAccessible::State ViewAccessible::state() const {
 }
 
 void* ViewAccessible::interface_cast(QAccessible::InterfaceType type) {
-    if (type != QAccessible::ActionInterface) return nullptr;
-    return static_cast<QAccessibleActionInterface*>(this);
+    const Role role = viewRole();
+    switch (type) {
+        case QAccessible::ActionInterface:
+            return static_cast<QAccessibleActionInterface*>(this);
+        case QAccessible::TextInterface:
+            return role == Role::TextField ? &text_ : nullptr;
+        case QAccessible::ValueInterface:
+            return number_.number() ? &number_ : nullptr;
+        default:
+            return nullptr;
+    }
 }
 
 QStringList ViewAccessible::actionNames() const {
@@ -254,7 +321,49 @@ void ViewAccessible::doAction(const QString& name) {
     if (!isValid()) return;
     const auto view = view_.lock();
     if (name == setFocusAction()) view->window()->makeFirstResponder(view);
-    if (name == pressAction() && view->accessibilityCanPress()) view->accessibilityPress();
+    if (name != pressAction() || !view->accessibilityCanPress()) return;
+    host_->viewWindow().eventFollowers().eventHappened();
+    view->accessibilityPress();
+}
+
+// Changes.
+
+void ViewAccessible::tell(views::AccessibilityChange change) {
+    const auto send = [this](QAccessible::Event type) {
+        QAccessibleEvent event(this, type);
+        accessibilityListener().hear(event);
+    };
+    QAccessible::State changed;
+    switch (change) {
+        case views::AccessibilityChange::Name:
+            return send(QAccessible::NameChanged);
+        case views::AccessibilityChange::Value:
+            return tellValue();
+        case views::AccessibilityChange::Selected:
+            return send(QAccessible::Selection);
+        case views::AccessibilityChange::Checked:
+            changed.checked = true;
+            break;
+        case views::AccessibilityChange::Enabled:
+            changed.disabled = true;
+            break;
+    }
+    QAccessibleStateChangeEvent event(this, changed);
+    accessibilityListener().hear(event);
+}
+
+void ViewAccessible::tellValue() {
+    if (viewRole() == Role::TextField) {
+        const QString before = text_.takeTold();
+        QAccessibleTextUpdateEvent event(this, 0, before, text_.whole());
+        return accessibilityListener().hear(event);
+    }
+    if (const auto number = number_.number()) {
+        QAccessibleValueChangeEvent event(this, *number);
+        return accessibilityListener().hear(event);
+    }
+    QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+    accessibilityListener().hear(event);
 }
 
 }  // namespace corvane::qt

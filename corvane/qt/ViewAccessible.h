@@ -1,6 +1,7 @@
 // A view as assistive technology sees it. The main thread.
 #pragma once
 
+#include "corvane/qt/ViewValues.h"
 #include "corvane/views/View.h"
 
 #include <QAccessibleInterface>
@@ -15,8 +16,10 @@ class HostWidget;
 /// The views with a role that a view holds; those within one without a role stand for it.
 std::vector<std::shared_ptr<views::View>> accessibleViewsIn(const views::View& view);
 
+class ViewAccessible;
+
 /// The one interface of a view, as long as the view lives; null without a role.
-QAccessibleInterface* accessibleOf(HostWidget& host, const std::shared_ptr<views::View>& view);
+ViewAccessible* accessibleOf(HostWidget& host, const std::shared_ptr<views::View>& view);
 
 /// Belongs to the desktop's register; holds neither the view nor the host.
 class ViewAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
@@ -42,12 +45,20 @@ class ViewAccessible final : public QAccessibleInterface, public QAccessibleActi
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
     std::shared_ptr<views::View> view() const { return view_.lock(); }
+    bool isOf(const HostWidget& host) const { return host_ == &host; }
+    /// The desktop is to be told of a change, which has happened.
+    void tell(views::AccessibilityChange change);
 
   private:
     std::vector<std::shared_ptr<views::View>> children() const;
+    views::Role viewRole() const;
+    QString description() const;
+    void tellValue();
 
     QPointer<HostWidget> host_;
     std::weak_ptr<views::View> view_;
+    ViewText text_;
+    ViewNumber number_;
 };
 
 }  // namespace corvane::qt
