@@ -7,7 +7,7 @@ here=$(dirname "$0")
 results=$(mktemp -d)
 trap 'rm -rf "$results"' EXIT
 
-for name in archive url date log xml overview table; do
+for name in archive url date log xml overview table field_typing gallery_start; do
     "$build/bench/${name}_bench" --benchmark_filter="$filter" --benchmark_repetitions=3 \
         --benchmark_out="$results/$name.json" --benchmark_out_format=json \
         --benchmark_display_aggregates_only=true

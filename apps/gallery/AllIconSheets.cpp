@@ -6,8 +6,10 @@
 #include "corvane/vocabulary/NamedColors.h"
 
 #include "apps/gallery/IconSheet.h"
+#include "apps/gallery/Texts.h"
 
 #include <QPainter>
+#include <functional>
 
 namespace corvane::gallery {
 
@@ -35,8 +37,8 @@ IconSheet::Group groupOf(const std::string& mapName) {
 }
 
 /// A combined map, one group a color.
-IconSheet badgeSheet(const std::string& name, const std::string& mapName) {
-    IconSheet sheet{name, {}};
+IconSheet badgeSheet(const std::string& mapName) {
+    IconSheet sheet;
     const auto map = EXImageMap::imageMapNamed(mapName);
     const auto& indicators = HGIndicatorNameProvider::allCategoryIndicatorNames();
     std::int64_t index = 0;
@@ -50,7 +52,8 @@ IconSheet badgeSheet(const std::string& name, const std::string& mapName) {
 }
 
 IconSheet codeSheet() {
-    IconSheet sheet{"codes", {}, 9};
+    IconSheet sheet;
+    sheet.columns = 6;
     for (const char* map :
          {"TaskStatusImageMap", "TaskStatusSmallImageMap", "ActionStatusImageMap",
           "ActionStatusSmallImageMap", "ActionStatusUltraSmallImageMap", "ProjectStatusImageMap",
@@ -83,7 +86,7 @@ IconSheet animationSheet() {
         {Collection::categoryAddImageForTouchBar(), "category-add"},
         {tinted(Collection::starredImageForTouchBar()), "starred"},
     };
-    IconSheet sheet{"animations", {}};
+    IconSheet sheet;
     sheet.groups.push_back(animationGroup("Syncing", Collection::syncingProgressAnimationIcons()));
     sheet.groups.push_back(
         animationGroup("Repository", Collection::repositoryProgressAnimationIcons()));
@@ -121,7 +124,8 @@ IconSheet::Group swatches(const std::string& title,
 }
 
 IconSheet paletteSheet() {
-    IconSheet sheet{"palette", {}, 7};
+    IconSheet sheet;
+    sheet.columns = 7;
     IconSheet::Group named{"Named colors", {}};
     for (auto name : NamedColors::allNames()) {
         const bool isGround = name.find("Background") != name.npos;
@@ -137,18 +141,52 @@ IconSheet paletteSheet() {
     return sheet;
 }
 
+struct NamedSheet {
+    const char* name;
+    const char* title;
+    std::function<IconSheet()> make;
+};
+
+const std::vector<NamedSheet>& namedSheets() {
+    const auto badges = [](const char* map) { return [map] { return badgeSheet(map); }; };
+    static const std::vector<NamedSheet> sheets{
+        {"category-badges", "Categories", badges("CategoryIndicatorImageMap")},
+        {"category-badges-small", "Categories, small", badges("CategoryIndicatorSmallImageMap")},
+        {"project-badges", "Projects", badges("ProjectCategoryIndicatorImageMap")},
+        {"project-badges-small", "Projects, small",
+         badges("ProjectCategoryIndicatorSmallImageMap")},
+        {"codes", "States and priorities", codeSheet},
+        {"animations", "Animations", animationSheet},
+        {"palette", "Colors", paletteSheet},
+    };
+    return sheets;
+}
+
 }  // namespace
 
+std::vector<SheetTitle> iconSheetTitles() {
+    std::vector<SheetTitle> titles;
+    for (const auto& sheet : namedSheets())
+        titles.push_back({sheet.name, localized(sheet.title)});
+    return titles;
+}
+
+IconSheet iconSheetNamed(const std::string& name) {
+    for (const auto& known : namedSheets()) {
+        if (known.name != name) continue;
+        IconSheet sheet = known.make();
+        sheet.name = name;
+        sheet.title = localized(known.title);
+        return sheet;
+    }
+    return {};
+}
+
 std::vector<IconSheet> allIconSheets() {
-    return {
-        badgeSheet("category-badges", "CategoryIndicatorImageMap"),
-        badgeSheet("category-badges-small", "CategoryIndicatorSmallImageMap"),
-        badgeSheet("project-badges", "ProjectCategoryIndicatorImageMap"),
-        badgeSheet("project-badges-small", "ProjectCategoryIndicatorSmallImageMap"),
-        codeSheet(),
-        animationSheet(),
-        paletteSheet(),
-    };
+    std::vector<IconSheet> sheets;
+    for (const auto& sheet : namedSheets())
+        sheets.push_back(iconSheetNamed(sheet.name));
+    return sheets;
 }
 
 }  // namespace corvane::gallery

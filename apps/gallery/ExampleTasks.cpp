@@ -1,9 +1,25 @@
 #include "apps/gallery/ExampleTasks.h"
 
+#include "apps/gallery/Texts.h"
+
 namespace corvane::gallery {
 
+namespace {
+
+std::vector<ExampleSection> inUsersLanguage(std::vector<ExampleSection> sections) {
+    for (auto& section : sections) {
+        section.title = localized(section.title);
+        for (auto& task : section.tasks)
+            for (auto* text : {&task.title, &task.note, &task.due})
+                if (!text->empty()) *text = localized(*text);
+    }
+    return sections;
+}
+
+}  // namespace
+
 std::vector<ExampleSection> exampleTasksForHome() {
-    return {
+    return inUsersLanguage({
         {"Today",
          {{"Water the tomatoes", "The ones on the balcony, too", "4 May", false, 4, 36},
           {"Call the dentist", "", "4 May", true, 1, 0},
@@ -19,11 +35,11 @@ std::vector<ExampleSection> exampleTasksForHome() {
          {{"Learn to fold paper cranes", "", "", false, 0, 4},
           {"Plan the trip to the coast", "By train, with bicycles", "", false, 1, 26},
           {"Sort the photographs", "", "", false, 2, 13}}},
-    };
+    });
 }
 
 std::vector<ExampleSection> exampleTasksForWork() {
-    return {
+    return inUsersLanguage({
         {"Next",
          {{"Send the offer to the printers", "600 copies", "5 May", false, 1, 1},
           {"Review the floor plan", "", "5 May", false, 4, 10},
@@ -31,11 +47,15 @@ std::vector<ExampleSection> exampleTasksForWork() {
         {"Waiting for",
          {{"Numbers from the accountant", "Asked on 28 April", "", false, 2, 17},
           {"New key for the archive", "", "", true, 6, 3}}},
-    };
+    });
 }
 
 std::vector<std::string> exampleShopping() {
-    return {"Flour", "Yeast", "Sunflower seeds", "String, and a box to put the old letters in"};
+    std::vector<std::string> things;
+    for (const char* thing :
+         {"Flour", "Yeast", "Sunflower seeds", "String, and a box to put the old letters in"})
+        things.push_back(localized(thing));
+    return things;
 }
 
 std::vector<ExampleSection> manyExampleTasks(std::int64_t count) {

@@ -22,7 +22,7 @@ struct ExampleSection {
     std::vector<ExampleTask> tasks;
 };
 
-/// Of a household, in two lists.
+/// Of a household, in two lists, in the language of the user.
 std::vector<ExampleSection> exampleTasksForHome();
 std::vector<ExampleSection> exampleTasksForWork();
 

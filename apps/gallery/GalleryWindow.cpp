@@ -1,15 +1,22 @@
 #include "apps/gallery/GalleryWindow.h"
 
+#include "corvane/controls/CVMacSplitView.h"
+#include "corvane/controls/CVMacSwitch.h"
+#include "corvane/models/CVTool.h"
+#include "corvane/models/CVToolManager.h"
+#include "corvane/qt/Appearance.h"
 #include "corvane/qt/HostWidget.h"
-#include "corvane/views/ScrollView.h"
+#include "corvane/views/Event.h"
+#include "corvane/vocabulary/NamedColors.h"
 
-#include "apps/gallery/TaskList.h"
-#include "apps/gallery/TaskTable.h"
+#include "apps/gallery/Notices.h"
+#include "apps/gallery/PageArea.h"
+#include "apps/gallery/Panels.h"
+#include "apps/gallery/SourceList.h"
+#include "apps/gallery/Texts.h"
+#include "apps/gallery/Tools.h"
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QPlainTextEdit>
-#include <QSplitter>
 #include <QStyle>
 #include <QVBoxLayout>
 #include <cstdio>
@@ -19,72 +26,106 @@ namespace corvane::gallery {
 
 namespace {
 
-constexpr int kMostLogLines = 2000;
+constexpr double kSourceListWidth = 176;
+constexpr double kNoticesHeight = 84;
 
-std::shared_ptr<views::ScrollView> scrolling(const std::shared_ptr<views::View>& document) {
-    auto scrollView = std::make_shared<views::ScrollView>();
-    scrollView->setDocumentView(document);
-    return scrollView;
+std::shared_ptr<views::View> darkSwitch() {
+    auto dark = std::make_shared<CVMacSwitch>();
+    dark->setOn(qt::appearanceOf(QApplication::palette()) == platform::Appearance::Dark);
+    dark->setAction(
+        [](views::Control& sender) { useDarkPalette(static_cast<CVMacSwitch&>(sender).isOn()); });
+    auto foot = stackDown(0, 12);
+    foot->setGround(NamedColors::mainAlternateBackgroundColor());
+    foot->add(captioned(localized("Dark"), dark, 96));
+    return foot;
 }
+
+/// Gives the page the shortcuts of which nobody elsewhere in the window makes anything.
+class Content final : public views::CompoundView {
+  public:
+    Content(std::shared_ptr<CVMacSplitView> split, std::shared_ptr<PageArea> area)
+        : split_(std::move(split)), area_(std::move(area)) {
+        addSubview(split_);
+        setKeyViewParts({split_});
+    }
+    void applyLayout() override { split_->setFrame(bounds()); }
+    bool keyDown(const views::KeyEvent& event) override {
+        const bool isShortcut =
+            event.has(views::kModifierCommand) || event.has(views::kModifierControl);
+        return isShortcut && area_->page() && area_->page()->keyDown(event);
+    }
+
+  private:
+    std::shared_ptr<CVMacSplitView> split_;
+    std::shared_ptr<PageArea> area_;
+};
 
 }  // namespace
 
-GalleryWindow::GalleryWindow(std::optional<PublishedTasks> published)
-    : log_(new QPlainTextEdit(this)) {
-    setWindowTitle("Gallery");
-    log_->setReadOnly(true);
-    log_->setMaximumBlockCount(kMostLogLines);
-    log_->setPlaceholderText("What the tables tell their delegates");
-    const auto note = [this](const std::string& line) { tell(line); };
-    if (published) {
-        tables_ = {TaskTable::make("Today", std::move(published->today), note),
-                   TaskTable::make("Next", std::move(published->next), note)};
-    } else {
-        tables_ = {TaskTable::make("Home", exampleTasksForHome(), note),
-                   TaskTable::make("Work", exampleTasksForWork(), note)};
-    }
-    list_ = TaskList::make("Shopping", exampleShopping(), note);
+GalleryWindow::GalleryWindow(QWidget* parent)
+    : QWidget(parent),
+      host_(new qt::HostWidget(this)),
+      sourceList_(SourceList::make()),
+      notices_(std::make_shared<Notices>()),
+      area_(std::make_shared<PageArea>()),
+      echoes_(std::make_shared<bool>(false)) {
+    setWindowTitle(QStringLiteral("Gallery"));
+    auto side = stackDown(0);
+    side->add(scrolling(sourceList_->table()), {.share = 1});
+    side->add(darkSwitch());
+    auto main = stackDown(0);
+    main->add(area_, {.share = 1});
+    main->add(notices_, {.length = kNoticesHeight});
+    auto split = std::make_shared<CVMacSplitView>();
+    CVMacSplitView::Pane sidePane;
+    sidePane.minimum = 120;
+    sidePane.preferred = kSourceListWidth;
+    sidePane.collapsible = true;
+    split->addPane(side, sidePane);
+    CVMacSplitView::Pane mainPane;
+    mainPane.minimum = 400;
+    mainPane.stretches = true;
+    split->addPane(main, mainPane);
+    auto content = std::make_shared<Content>(split, area_);
+    // Round and round.
+    content->setNextKeyView(content);
+    host_->setContentView(content);
 
-    auto* across = new QSplitter;
-    for (const auto& table : tables_)
-        across->addWidget(addScrolling(scrolling(table->sharedTable())));
-    across->addWidget(addScrolling(list_->scrollView()));
-    for (int i = 0; i < across->count(); ++i)
-        across->setStretchFactor(i, i < across->count() - 1 ? 3 : 2);
-    auto* down = new QSplitter(Qt::Vertical);
-    down->addWidget(across);
-    down->addWidget(log_);
-    down->setStretchFactor(0, 4);
-    down->setStretchFactor(1, 1);
-
-    auto* side = new QWidget;
-    auto* sideLayout = new QVBoxLayout(side);
-    auto* dark = new QCheckBox("Dark");
-    connect(dark, &QCheckBox::toggled, dark, &useDarkPalette);
-    sideLayout->addWidget(makeSwitches(tables_, side));
-    sideLayout->addWidget(dark);
-    sideLayout->addStretch();
-    auto* layout = new QHBoxLayout(this);
+    sourceList_->didSelect = [this](CVTool& tool) { showTool(tool); };
+    auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(down, 1);
-    layout->addWidget(side);
-    resize(1240, 680);
+    layout->addWidget(host_);
+    resize(1240, 720);
+    showPage(CVToolManager::startupToolIdentifier().value_or(""));
 }
 
-GalleryWindow::~GalleryWindow() = default;
-
-qt::HostWidget* GalleryWindow::addScrolling(const std::shared_ptr<views::ScrollView>& scrollView) {
-    auto* host = new qt::HostWidget(this);
-    host->setContentView(scrollView);
-    host->setMinimumWidth(160);
-    return host;
+GalleryWindow::~GalleryWindow() {
+    // Whatever is being edited ends now, and panels close, while there is somebody to tell.
+    host_->setContentView(nullptr);
+    sourceList_->didSelect = nullptr;
+    delete host_;
 }
 
-void GalleryWindow::tell(const std::string& line) {
-    log_->appendPlainText(QString::fromStdString(line));
-    // For scripts that try the window.
-    std::puts(line.c_str());
-    std::fflush(stdout);
+const std::shared_ptr<views::View>& GalleryWindow::page() const {
+    return area_->page();
+}
+
+bool GalleryWindow::showPage(std::string_view identifier) {
+    return sourceList_->select(identifier);
+}
+
+void GalleryWindow::showTool(CVTool& tool) {
+    CVToolManager::setActiveToolIdentifier(tool.identifier());
+    auto& page = pages_[tool.identifier()];
+    const auto maker = tool.navigationItem().as<PageMaker>();
+    if (!page && maker)
+        page = maker->make([notices = notices_, echoes = echoes_](const std::string& line) {
+            notices->add(line);
+            if (!*echoes) return;
+            std::puts(line.c_str());
+            std::fflush(stdout);
+        });
+    area_->setPage(page);
 }
 
 void useDarkPalette(bool dark) {

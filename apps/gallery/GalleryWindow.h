@@ -1,43 +1,58 @@
-// The window of the gallery: two tables and a list side by side, their settings, and what they
-// tell. One thread: the one of the windows.
+// The window of the gallery: a source list of pages, the page that was chosen, and what its
+// controls tell. One thread: the one of the windows.
 #pragma once
 
-#include "apps/gallery/PublishedTasks.h"
-#include "apps/gallery/Switches.h"
-
 #include <QWidget>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
 
-class QPlainTextEdit;
+namespace corvane {
+class CVTool;
+}
 
 namespace corvane::qt {
 class HostWidget;
 }
 
 namespace corvane::views {
-class ScrollView;
+class View;
 }
 
 namespace corvane::gallery {
 
-class TaskList;
+class Notices;
+class PageArea;
+class SourceList;
 
-/// The main run loop and the text measurer in force must be Qt's.
+/// The main run loop and the text measurer in force must be Qt's, and the tools be registered.
+/// Pages are made when they are first shown, and stay.
 class GalleryWindow final : public QWidget {
   public:
-    /// Of the example list, or of what a main application has published.
-    explicit GalleryWindow(std::optional<PublishedTasks> published = {});
+    /// Shows the startup tool.
+    explicit GalleryWindow(QWidget* parent = nullptr);
     ~GalleryWindow() override;
 
-    TaskTable& leftTable() { return *tables_.front(); }
-    TaskTable& rightTable() { return *tables_.back(); }
+    /// By the identifier of its tool; false where there is no such tool.
+    bool showPage(std::string_view identifier);
+    /// What is shown; null before the first.
+    const std::shared_ptr<views::View>& page() const;
+
+    qt::HostWidget& host() { return *host_; }
+
+    /// Also writes what the controls tell to the standard output, for scripts that try the window.
+    void setEchoes(bool echoes) { *echoes_ = echoes; }
 
   private:
-    qt::HostWidget* addScrolling(const std::shared_ptr<views::ScrollView>& scrollView);
-    void tell(const std::string& line);
+    void showTool(CVTool& tool);
 
-    QPlainTextEdit* log_;
-    TaskTables tables_;
-    std::shared_ptr<TaskList> list_;
+    qt::HostWidget* host_;
+    std::shared_ptr<SourceList> sourceList_;
+    std::shared_ptr<Notices> notices_;
+    std::shared_ptr<PageArea> area_;
+    std::map<std::string, std::shared_ptr<views::View>, std::less<>> pages_;
+    std::shared_ptr<bool> echoes_;  ///< shared with the pages, of which parts may outlive this
 };
 
 /// The palette of a dark desktop, or that of the style.

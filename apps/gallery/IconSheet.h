@@ -1,10 +1,8 @@
 // A page of pictures with captions.
 #pragma once
 
-#include "corvane/platform/Color.h"
 #include "corvane/platform/Image.h"
 
-#include <QImage>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -21,13 +19,21 @@ struct IconSheet {
         std::vector<Icon> icons;
     };
 
-    std::string name;
+    std::string name;   ///< of files
+    std::string title;  ///< for the user
     std::vector<Group> groups;
     std::size_t columns = 15;  ///< at least 1
-
-    /// On the main background. An application object must exist, for its fonts.
-    QImage rendered(double scale, platform::Appearance appearance) const;
 };
+
+struct SheetTitle {
+    std::string name;
+    std::string title;
+};
+
+/// Of the sheets below, in their order.
+std::vector<SheetTitle> iconSheetTitles();
+/// Without groups where there is no sheet of that name.
+IconSheet iconSheetNamed(const std::string& name);
 
 /// Every image map of the default style collection, the animations, the touch bar's images and the
 /// palette.

@@ -2,6 +2,8 @@
 
 #include "corvane/bridge/HGSharedInfo.h"
 #include "corvane/bridge/HGTaskProxyManager.h"
+#include "corvane/controls/OutputDateFormatter.h"
+#include "corvane/platform/Locale.h"
 
 #include "apps/overviews/ProxyTasksModel.h"
 
@@ -12,17 +14,10 @@ namespace {
 constexpr std::int64_t kStatusCompleted = 6;
 constexpr std::int64_t kIndicators = 45;  // icon numbers are color × 45 + indicator
 
-ExampleTask shownTask(const HGTaskProxy& task) {
-    ExampleTask shown;
-    shown.title = task.title().value_or("");
-    shown.note = task.projectName().value_or("");
-    if (const auto due = task.due()) shown.due = due->isoString();
-    shown.done = task.status() == kStatusCompleted;
-    if (const auto icon = task.categoryIconIndex(); icon >= 0) {
-        shown.color = icon / kIndicators;
-        shown.indicator = icon % kIndicators;
-    }
-    return shown;
+std::string shortText(EXDateOnly day) {
+    const OutputDateFormatter formatter(platform::currentLocale(), platform::DateStyle::Short);
+    const auto date = EXDateOnly::dateFromDateOnly(day);
+    return date ? formatter.stringFromDate(*date) : day.isoString();
 }
 
 std::vector<ExampleSection> sectionsOf(const HGTaskProxyManager& manager,
@@ -42,13 +37,27 @@ std::vector<ExampleSection> sectionsOf(const HGTaskProxyManager& manager,
 
 }  // namespace
 
+ExampleTask shownTask(const HGTaskProxy& task) {
+    ExampleTask shown;
+    shown.title = task.title().value_or("");
+    shown.note = task.projectName().value_or("");
+    if (const auto due = task.due()) shown.due = shortText(*due);
+    shown.done = task.status() == kStatusCompleted;
+    if (const auto icon = task.categoryIconIndex(); icon >= 0) {
+        shown.color = icon / kIndicators;
+        shown.indicator = icon % kIndicators;
+    }
+    return shown;
+}
+
 std::optional<PublishedTasks> publishedTasks() {
     const auto info = HGSharedInfo::readFromSharedContainer();
     if (!info) return std::nullopt;
     HGTaskProxyManager manager;
     manager.reloadDataFromSharedInfo(*info);
     return PublishedTasks{sectionsOf(manager, &HGTaskProxyManager::todayModel),
-                          sectionsOf(manager, &HGTaskProxyManager::nextModel)};
+                          sectionsOf(manager, &HGTaskProxyManager::nextModel),
+                          info->taskProxyModels().value_or(HGTaskProxyModels())};
 }
 
 }  // namespace corvane::gallery

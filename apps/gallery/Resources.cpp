@@ -13,15 +13,15 @@
 
 namespace corvane::gallery {
 
-namespace {
-
-std::string resourceText(const char* file) {
+std::string resourceText(const std::string& file) {
     const auto bundle = platform::mainBundleDirectory().value_or(".");
     for (const auto& directory : {bundle, bundle + "/../share/" + platform::programName()})
         if (auto text = platform::readTextFile(directory + "/" + file)) return *text;
-    platform::currentConsole().writeLine("WARNING: Could not read " + std::string(file));
+    platform::currentConsole().writeLine("WARNING: Could not read " + file);
     return {};
 }
+
+namespace {
 
 void warnAbout(const char* file, const std::vector<std::string>& problems) {
     for (const auto& problem : problems)

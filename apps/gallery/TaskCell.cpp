@@ -3,11 +3,14 @@
 #include "corvane/views/Canvas.h"
 #include "corvane/views/ImageView.h"
 #include "corvane/views/Label.h"
+#include "corvane/views/Mirroring.h"
 #include "corvane/views/TextMeasurer.h"
 #include "corvane/views/TextView.h"
 #include "corvane/views/Theme.h"
 #include "corvane/vocabulary/EXImageMap.h"
 #include "corvane/vocabulary/HGCorvaneStyleCollection.h"
+
+#include "apps/gallery/Texts.h"
 
 #include <algorithm>
 
@@ -20,7 +23,7 @@ namespace {
 constexpr double kMargin = 6;
 constexpr double kBadgeSide = 16;
 constexpr double kTitleLeft = 24;
-constexpr double kDueWidth = 56;
+constexpr double kDueWidth = 64;
 constexpr double kCheckBoxWidth = 30;
 constexpr double kCheckBoxSide = 15;
 constexpr views::Font kSmallFont{11};
@@ -38,9 +41,10 @@ class CheckBox final : public views::View {
                        (frame().height - kCheckBoxSide) / 2, kCheckBoxSide, kCheckBoxSide};
         if (!on_) return canvas.strokeRoundedRect(box, 4, theme.secondaryText, 1.2);
         canvas.fillRoundedRect(box, 4, theme.accent);
-        const platform::Color white({1, 1, 1});
-        canvas.drawLine({box.x + 3.5, box.y + 7.5}, {box.x + 6.5, box.y + 10.5}, white, 1.8);
-        canvas.drawLine({box.x + 6.2, box.y + 10.8}, {box.x + 11.5, box.y + 4.5}, white, 1.8);
+        canvas.drawLine({box.x + 3.5, box.y + 7.5}, {box.x + 6.5, box.y + 10.5}, theme.textOnAccent,
+                        1.8);
+        canvas.drawLine({box.x + 6.2, box.y + 10.8}, {box.x + 11.5, box.y + 4.5},
+                        theme.textOnAccent, 1.8);
     }
 
   private:
@@ -73,12 +77,12 @@ void TaskCell::makeControls() {
     setAccessoryView(std::make_shared<CheckBox>());
     badge_ = createIconView();
     title_ = makeField("Title");
-    title_->setPlaceholderString("New task");
+    title_->setPlaceholderString(localized("New task"));
     note_ = makeField("Note");
     note_->setFont(kSmallFont);
     due_ = std::make_shared<views::Label>();
     due_->setFont(kSmallFont);
-    due_->setAlignment(views::TextAlignment::Right);
+    due_->setAlignment(views::TextAlignment::Trailing);
     contentView()->addSubview(due_);
     title_->setNextKeyView(note_);
     setFirstKeyView(title_);
@@ -128,11 +132,14 @@ Rect TaskCell::rectForAccessoryViewWithCellWidth(double) {
 void TaskCell::layoutContentView(views::View& contentView) {
     const double width = contentView.frame().width;
     const double title = titleHeight(width);
-    badge_->setFrame({0, kMargin + 2, kBadgeSide, kBadgeSide});
-    title_->setFrame({kTitleLeft - 4, kMargin, titleWidth(width), title});
-    note_->setFrame({kTitleLeft - 4, kMargin + title, titleWidth(width), noteHeight(width)});
     const double line = views::textMeasurer().lineHeight(kSmallFont);
-    due_->setFrame({width - kDueWidth - kMargin, kMargin + 3, kDueWidth, line});
+    const auto place = [width](views::View& view, const Rect& rect) {
+        view.setFrame(views::mirrored(rect, width));
+    };
+    place(*badge_, {0, kMargin + 2, kBadgeSide, kBadgeSide});
+    place(*title_, {kTitleLeft - 4, kMargin, titleWidth(width), title});
+    place(*note_, {kTitleLeft - 4, kMargin + title, titleWidth(width), noteHeight(width)});
+    place(*due_, {width - kDueWidth - kMargin, kMargin + 3, kDueWidth, line});
 }
 
 }  // namespace corvane::gallery

@@ -2,6 +2,7 @@
 
 #include "corvane/table/HGMacListViewItem.h"
 #include "corvane/views/ScrollView.h"
+#include "corvane/views/Window.h"
 #include "corvane/vocabulary/EXImageMap.h"
 #include "corvane/vocabulary/HGCorvaneStyleCollection.h"
 
@@ -69,6 +70,12 @@ void TaskList::showItems() {
         return item;
     };
     requestAutoResizingForListView = [this](List&) { fit(); };
+    requestNextKeyViewForListView = [](List& list) {
+        if (list.window()) list.window()->selectNextKeyViewOf(list);
+    };
+    requestPreviousKeyViewForListView = [](List& list) {
+        if (list.window()) list.window()->selectPreviousKeyViewOf(list);
+    };
 }
 
 void TaskList::followEditing() {

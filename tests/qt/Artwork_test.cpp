@@ -7,11 +7,12 @@
 #include "apps/gallery/IconSheet.h"
 #include "apps/gallery/Resources.h"
 
+#include "tests/support/Contrast.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 
 namespace corvane::gallery {
@@ -19,6 +20,8 @@ namespace {
 
 using platform::Appearance;
 using platform::RGBA;
+using tests::contrast;
+using tests::over;
 
 using Icons = Resources::Icons;
 
@@ -87,24 +90,6 @@ INSTANTIATE_TEST_SUITE_P(IconSet, ArtworkTest, testing::Values(Icons::FromSet, I
                          [](const auto& each) {
                              return each.param == Icons::FromSet ? "FromSet" : "Drawn";
                          });
-
-double luminance(const RGBA& color) {
-    const auto linear = [](double part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
-}
-
-double contrast(const RGBA& a, const RGBA& b) {
-    const double first = luminance(a) + 0.05;
-    const double second = luminance(b) + 0.05;
-    return std::max(first, second) / std::min(first, second);
-}
-
-RGBA over(const RGBA& front, const RGBA& back) {
-    const auto mix = [&](double a, double b) { return a * front.alpha + b * (1 - front.alpha); };
-    return {mix(front.red, back.red), mix(front.green, back.green), mix(front.blue, back.blue)};
-}
 
 TEST(Palette, hasEveryColorAndIsReadableOnEveryGround) {
     platform::RecordingConsole console;

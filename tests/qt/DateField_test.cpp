@@ -58,6 +58,12 @@ TEST_F(DateFieldTest, GoesOnTakingWhatIsTypedWhileItsChooserIsUsed) {
     press(Qt::Key_Return);
     EXPECT_EQ(line().text(), "Mar 19, 2026");
     EXPECT_FALSE(field->dateChooserPopover().isShown());
+    QMouseEvent click(QEvent::MouseButtonPress, QPointF(5, 5), line().mapToGlobal(QPointF(5, 5)),
+                      Qt::LeftButton, Qt::LeftButton, {});
+    QApplication::sendEvent(&line(), &click);
+    EXPECT_TRUE(field->dateChooserPopover().isShown()) << "a click on what is edited opens it";
+    press(Qt::Key_Escape);
+    line().selectAll();
     type("x");
     press(Qt::Key_Return);
     EXPECT_EQ(line().text(), "");

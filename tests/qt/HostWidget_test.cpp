@@ -112,7 +112,13 @@ TEST_F(HostWidgetTest, Scrolls) {
     EXPECT_GT(step, 20);
     wheel({150, 50}, {}, {0, -120}, Qt::ShiftModifier);
     EXPECT_EQ(at(outer), (views::Point{step, step}));
-    host.viewWindow().makeFirstResponder(outer->documentView());
+    const auto document = std::static_pointer_cast<NotingView>(outer->documentView());
+    host.viewWindow().makeFirstResponder(document);
+    const double before = at(outer).y;
+    press(Qt::Key_End);
+    EXPECT_NE(document->takeLog(), "") << "a view that has a use for the key gets it";
+    EXPECT_EQ(at(outer).y, before);
+    document->keys = false;
     for (const auto& [key, y] : {std::pair{Qt::Key_End, 400},
                                  {Qt::Key_PageUp, 400 - 76},
                                  {Qt::Key_PageDown, 400},

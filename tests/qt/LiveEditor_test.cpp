@@ -175,9 +175,9 @@ TEST_F(LiveEditorTest, LiesWhereTheFieldIsAndEndsWithTheFocus) {
         const QWidget& frame = *host.liveEditor()->parentWidget();
         return std::pair(frame.geometry(), host.liveEditor()->geometry());
     };
-    EXPECT_EQ(place(), std::pair(QRect(22, 50, 96, 24), QRect(0, 0, 96, 24)));
+    EXPECT_EQ(place(), std::pair(QRect(22, 52, 96, 20), QRect(0, 0, 96, 20)));
     scrollView->scrollBy(0, 40);
-    EXPECT_EQ(place(), std::pair(QRect(22, 20, 96, 14), QRect(0, -10, 96, 24)));
+    EXPECT_EQ(place(), std::pair(QRect(22, 20, 96, 12), QRect(0, -8, 96, 20)));
     scrollView->scrollBy(0, 150);
     EXPECT_TRUE(place().first.isEmpty());
     EXPECT_TRUE(line().hasFocus()) << "scrolled away, it goes on";

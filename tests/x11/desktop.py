@@ -41,7 +41,8 @@ class Desktop:
         self.folder = folder
         self.processes = []
         self.environment = {**os.environ, "QT_QPA_PLATFORM": "xcb", "XDG_RUNTIME_DIR": str(folder),
-                            "HOME": str(folder), "LC_ALL": "C.UTF-8"}
+                            "HOME": str(folder), "LC_ALL": "C.UTF-8",
+                            "CORVANE_DEFAULTS_DIRECTORY": str(folder / "settings")}
         reading, writing = os.pipe()
         self.start(["Xvfb", "-displayfd", str(writing), "-screen", "0", SCREEN, "-noreset"],
                    pass_fds=[writing])
@@ -96,6 +97,9 @@ class Desktop:
 
     def type(self, text):
         self.do("type", "--delay", 15, text)
+
+    def resize(self, window, width, height):
+        self.do("windowsize", "--sync", window, width, height)
 
     def click(self, point, count=1, button=1, holding=None):
         press = ["click", "--repeat", count, "--delay", 40, button]

@@ -1,6 +1,8 @@
 """The gallery's window, as it reports itself."""
 
 import json
+import shutil
+import time
 
 from desktop import Failed, expect, wait
 
@@ -30,7 +32,8 @@ def center(part, dx=0, dy=0):
 
 
 class Gallery:
-    """The gallery's window, as its report tells it. Rows are known by their titles."""
+    """The gallery's window, as its report tells it. Rows are known by their titles, other parts by
+    their names."""
 
     def __init__(self, desktop, build, pictures):
         self.desktop = desktop
@@ -39,15 +42,17 @@ class Gallery:
         self.report = desktop.folder / "report.json"
         self.log = desktop.folder / "log"
         self.report.unlink(missing_ok=True)
+        # Of the step before, such as where dividers were.
+        shutil.rmtree(desktop.folder / "settings", ignore_errors=True)
         self.log.unlink(missing_ok=True)
         self.process = desktop.start(
             [build / "apps/gallery/corvane-gallery", "--report", self.report], output=self.log)
 
     def show(self):
         """Waits until it can be used."""
-        window = self.desktop.window("Gallery")
-        self.desktop.do("windowmove", "--sync", window, *PLACE)
-        self.desktop.do("windowactivate", "--sync", window)
+        self.window = self.desktop.window("Gallery")
+        self.desktop.do("windowmove", "--sync", self.window, *PLACE)
+        self.desktop.do("windowactivate", "--sync", self.window)
         wait(self.is_ready, "for the gallery to be active and to know where it is")
 
     def is_ready(self):
@@ -111,6 +116,60 @@ class Gallery:
 
     def selected(self, name):
         return [self.title(row) for row in self.rows(name) if has(row, "selected")]
+
+    # Anything.
+
+    def part(self, role, name):
+        """None where there is none."""
+        return next((part for part in self.all_parts()
+                     if part["role"] == role and part.get("name") == name), None)
+
+    def wait_for(self, role, name):
+        return wait(lambda: self.part(role, name), f"for the {role} {name}")
+
+    def press(self, role, name, **how):
+        self.desktop.click(center(self.wait_for(role, name)), **how)
+
+    def open(self, page):
+        """By a click in the source list."""
+        self.press("ListItem", page)
+        wait(lambda: has(self.part("ListItem", page), "selected"), f"for the page {page}")
+
+    def pop_over(self, role):
+        """The parts of that role in windows beside the gallery's, such as choosers and menus."""
+        windows = json.loads(self.report.read_text())
+        return [part for window in windows if window.get("name") != "Gallery"
+                for part in parts(window, role)]
+
+    def in_pop_over(self, role, name):
+        """When it has found its place."""
+        found = lambda: next((part for part in self.pop_over(role) if part.get("name") == name),
+                             None)
+
+        def settled():
+            before = found()
+            time.sleep(0.15)
+            return before if before and before == found() else None
+
+        return wait(settled, f"for {name} beside")
+
+    def value(self, role, name):
+        part = self.part(role, name)
+        return part.get("value", "") if part else None
+
+    def focused(self):
+        """Role and name of the innermost part that has the focus."""
+        focused = [part for part in self.all_parts() if has(part, "focused")]
+        return (focused[-1]["role"], focused[-1].get("name", "")) if focused else None
+
+    def tab(self):
+        """Where Tab leads."""
+        before = self.focused()
+        self.desktop.key("Tab")
+        wait(lambda: self.focused() not in (None, before), f"for Tab to leave {before}")
+        return self.focused()
+
+    # The page with lists.
 
     def focus(self):
         """A pane and a row's title, or a pane with the name and the text of a field; a pane alone

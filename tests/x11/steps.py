@@ -1,9 +1,10 @@
 """What people do in the gallery, and what comes of it. Each step gets a window of its own."""
 
+import datetime
 import pathlib
 
 from desktop import expect, wait
-from gallery import center, has, top
+from gallery import center, has, parts, top
 
 # The one that has Debian's modules.
 SYSTEM_PYTHON = "/usr/bin/python3"
@@ -84,9 +85,7 @@ def the_wheel_and_drags_near_the_edge_scroll(gallery):
     desktop = gallery.desktop
     bottom = lambda: top(gallery.host("Home")) + gallery.host("Home")["rect"][3]
     first, last = gallery.titles("Home")[0], gallery.titles("Home")[-1]
-    handle = (300, bottom() + 2)
-    desktop.do("mousemove", *handle, "mousedown", 1, "mousemove", 300, handle[1] - 100,
-               "mousemove", 300, handle[1] - 200, "mouseup", 1)
+    desktop.resize(gallery.window, 1240, 480)
     wait(lambda: top(gallery.row("Home", last)) > bottom(), "for a row that is out of sight")
     start = top(gallery.row("Home", first))
     desktop.do("mousemove", *center(gallery.row("Home", first)), "click", "--repeat", 9, 5)
@@ -101,10 +100,7 @@ def the_wheel_and_drags_near_the_edge_scroll(gallery):
 
 
 def the_filter_hides_rows(gallery):
-    search = next(part for part in gallery.all_parts()
-                  if part["role"] == "EditableText" and has(part, "editable")
-                  and not part.get("name") in ("Title", "Note"))
-    gallery.desktop.click(center(search))
+    gallery.press("EditableText", "Filter")
     gallery.desktop.type("the ")
     expect(lambda: gallery.titles("Work"), ["Send the offer to the printers",
            "Review the floor plan", "Numbers from the accountant", "New key for the archive"],
@@ -294,6 +290,194 @@ def text_is_cut_pasted_and_undone(gallery):
     expect(gallery.focus, ("Work", "Title", "Review the floor plan"), "the text is pasted")
 
 
+# The other pages.
+
+TODAY = datetime.date.today()
+
+
+def day_name(day):
+    return f"{day:%A, %B} {day.day}, {day.year}"
+
+
+def dates_are_typed(gallery):
+    gallery.open("Dates")
+    gallery.press("EditableText", "Due")
+    gallery.desktop.key("ctrl+a")
+    gallery.desktop.type("tomorrow")
+    wait(lambda: gallery.pop_over("Button"), "for the chooser")
+    gallery.picture("date-typed")
+    gallery.desktop.key("Tab")
+    gallery.expect_said(f"Due: {TODAY + datetime.timedelta(1)}")
+    expect(lambda: gallery.value("EditableText", "Due"), "Tomorrow", "what the field shows")
+    expect(gallery.focused, ("EditableText", "Day"), "the next field")
+    gallery.desktop.key("ctrl+a")
+    gallery.desktop.type("Dec 5, 2031")
+    gallery.desktop.key("Return")
+    gallery.expect_said("Day: 2031-12-05")
+    gallery.desktop.key("ctrl+a")
+    gallery.desktop.type("no day")
+    gallery.desktop.key("Tab")
+    gallery.expect_said("Day: none")
+    expect(lambda: gallery.value("EditableText", "Day"), "", "a field without a day")
+    gallery.desktop.key("ctrl+a")
+    gallery.desktop.type("17:45")
+    gallery.desktop.key("Tab")
+    gallery.expect_said("Time: 17:45:00")
+
+
+def a_chooser_is_used_while_one_types(gallery):
+    gallery.open("Dates")
+    gallery.press("EditableText", "Day")
+    gallery.desktop.key("ctrl+a")
+    gallery.desktop.type("Mar 8, 2027")
+    selected = lambda: [part["name"] for part in gallery.pop_over("Button")
+                        if has(part, "selected")]
+    expect(selected, [day_name(datetime.date(2027, 3, 8))], "the day that is typed")
+    # The letters stay where they are; the keys that mean nothing to a line go to the chooser.
+    gallery.desktop.key("Down", "Right")
+    gallery.picture("chooser-by-keys")
+    expect(gallery.focused, ("EditableText", "Day"), "the focus")
+    gallery.desktop.key("Return")
+    gallery.expect_said("Day: 2027-03-16")
+    gallery.press("EditableText", "Day")
+    gallery.desktop.click(center(gallery.in_pop_over("Button", day_name(datetime.date(2027, 3, 24)))))
+    gallery.expect_said("Day: 2027-03-16", "Day: 2027-03-24")
+    expect(gallery.focused, ("EditableText", "Day"), "the focus after the click")
+
+
+def tab_goes_round_the_window(gallery):
+    gallery.open("Choices")
+    stops = [gallery.tab()]
+    while len(stops) < 40 and (stop := gallery.tab()) != stops[0]:
+        stops.append(stop)
+    names = [name for _, name in stops]
+    for name in ("State", "Room", "Action", "View", "Place", "Priority", "Starred", "Archived",
+                 "Dark"):
+        wait(lambda: name in names, f"{name} among {names}")
+    wait(lambda: "Disabled" not in names, "a disabled control is passed over")
+    gallery.desktop.key("shift+Tab")
+    expect(gallery.focused, stops[-1], "back from the first stop")
+    gallery.picture("tab-round")
+
+
+def a_toolbar_is_used(gallery):
+    gallery.open("Bars")
+    gallery.press("Button", "Complete")
+    gallery.expect_said("Toolbar: Complete")
+    gallery.press("ButtonMenu", "Sort by")
+    gallery.desktop.click(center(gallery.in_pop_over("MenuItem", "Due")))
+    gallery.expect_said("Toolbar: Due")
+    gallery.press("RadioButton", "Board")
+    gallery.expect_said("Toolbar: View")
+    # By keys alone.
+    while gallery.tab() != ("Button", "New Task"):
+        pass
+    gallery.desktop.key("Right", "Right", "space")
+    gallery.expect_said("Toolbar: Delete")
+    gallery.press("CheckBox", "Actions are valid")
+    wait(lambda: has(gallery.part("Button", "Delete"), "disabled"), "for the action to be disabled")
+    gallery.picture("toolbar")
+
+
+def pop_ups_are_used(gallery):
+    gallery.open("Choices")
+    gallery.press("ButtonMenu", "State")
+    gallery.desktop.click(center(gallery.in_pop_over("MenuItem", "On Hold")))
+    gallery.expect_said("State: On Hold")
+    # By keys alone.
+    while gallery.tab() != ("ButtonMenu", "Room"):
+        pass
+    gallery.desktop.key("Down")
+    gallery.in_pop_over("MenuItem", "Garden")
+    gallery.picture("pop-up")
+    gallery.desktop.key("Down", "Down", "Return")
+    wait(lambda: any(line.startswith("Room: ") for line in gallery.said()), "for a room")
+    # Letters choose without a menu.
+    gallery.desktop.type("att")
+    gallery.expect_said("Room: Attic")
+    while gallery.tab()[1] != "Priority":
+        pass
+    gallery.desktop.key("End", "Home")
+    gallery.expect_said("Priority: Trivial", "Priority: Critical")
+
+
+def a_sheet_must_be_answered(gallery):
+    gallery.open("Bars")
+    form = gallery.wait_for("Button", "Form in a Sheet…")
+    gallery.desktop.click(center(form))
+    sheet = wait(lambda: next((part for part in gallery.all_parts()
+                               if part["role"] == "Dialog"), None), "for the sheet")
+    expect(gallery.focused, ("EditableText", "Title"), "the first field")
+    gallery.desktop.key("ctrl+a")
+    gallery.desktop.type("From the sheet")
+    gallery.picture("sheet")
+    # What lies below takes nothing.
+    gallery.desktop.click(center(gallery.part("ListItem", "Icons")))
+    wait(lambda: any(part["role"] == "Dialog" for part in gallery.all_parts()), "the sheet stays")
+    gallery.desktop.click(center(next(part for part in parts(sheet, "Button")
+                                      if part.get("name") == "OK")))
+    gallery.expect_said("Task: Title is “From the sheet”", "Task: OK", "Sheet: ended")
+    wait(lambda: has(gallery.part("ListItem", "Bars"), "selected"), "for the page to be the same")
+    gallery.desktop.click(center(form))
+    expect(gallery.focused, ("EditableText", "Title"), "the first field")
+    gallery.desktop.key("Escape")
+    gallery.expect_said("Task: OK", "Task: Cancel", "Sheet: ended")
+
+
+def a_panel_is_moved_and_closed(gallery):
+    gallery.open("Bars")
+    gallery.press("Button", "Form in a Panel…")
+    panel = lambda: next((part for part in gallery.all_parts() if part["role"] == "Dialog"), None)
+    x, y, width, _ = wait(panel, "for the panel")["rect"]
+    gallery.desktop.do("mousemove", x + width // 2, y + 8, "mousedown", 1, "mousemove",
+                       x + width // 2 + 60, y + 8, "mousemove", x + width // 2 + 120, y + 8,
+                       "mouseup", 1)
+    expect(lambda: panel()["rect"][0], x + 120, "the panel's place")
+    gallery.picture("panel")
+    gallery.press("Button", "Share")
+    gallery.expect_said("Title bar: share")
+    gallery.press("EditableText", "Title")
+    gallery.desktop.key("Escape", "Escape")
+    gallery.expect_said("Panel: closed")
+
+
+def a_task_is_dragged_to_another_view(gallery):
+    gallery.open("Overview")
+    candles = lambda: next((part for part in gallery.all_parts() if part["role"] == "ListItem"
+                            and any(field.get("value") == "Buy candles"
+                                    for field in parts(part, "EditableText"))), None)
+    row = wait(candles, "for the row")
+    target = gallery.part("ListItem", "Next")
+    views = lambda: next(part for part in gallery.all_parts()
+                         if part["role"] == "List" and part.get("name") == "Views")
+    indicator = lambda: next((part for part in views().get("children", [])
+                              if part["role"] == "Graphic"), None)
+    gallery.desktop.drag(center(row), center(target), indicator,
+                         lambda: gallery.picture("drag-to-view"))
+    gallery.expect_said("Overview: moves 1 to Next")
+    wait(lambda: not candles(), "for the row to go")
+    gallery.press("ListItem", "Next")
+    gallery.expect_said("Overview: shows Next")
+    wait(candles, "for the row to come")
+
+
+def a_list_is_searched(gallery):
+    gallery.open("Overview")
+    gallery.desktop.key("ctrl+f")
+    expect(gallery.focused, ("EditableText", "Search"), "the search field")
+    gallery.desktop.type("candles")
+    gallery.expect_said("Overview: searches for candles")
+    titles = lambda: [field.get("value") for part in gallery.all_parts()
+                      if part["role"] == "ListItem" for field in parts(part, "EditableText")
+                      if field.get("name") == "Title"]
+    expect(titles, ["Buy candles"], "the rows that match")
+    gallery.picture("search")
+    gallery.desktop.key("Escape")
+    wait(lambda: len(titles()) > 1, "for all rows")
+    gallery.desktop.key("Escape")
+    wait(lambda: not gallery.part("EditableText", "Search"), "for the bar to go")
+
+
 STEPS = [text_is_typed_into_a_row, tab_goes_through_fields_and_rows, return_inserts_rows,
          tab_after_the_last_row_adds_one, rows_grow_with_their_text,
          the_wheel_and_drags_near_the_edge_scroll, the_filter_hides_rows,
@@ -303,4 +487,6 @@ STEPS = [text_is_typed_into_a_row, tab_goes_through_fields_and_rows, return_inse
          an_item_is_dragged_inside_the_list_and_to_a_table,
          urls_are_dragged_in_from_another_process, items_of_the_list_are_edited,
          the_menu_deletes_and_the_box_checks, an_empty_clipboard_pastes_nothing,
-         text_is_cut_pasted_and_undone]
+         text_is_cut_pasted_and_undone, dates_are_typed, a_chooser_is_used_while_one_types,
+         tab_goes_round_the_window, a_toolbar_is_used, pop_ups_are_used, a_sheet_must_be_answered,
+         a_panel_is_moved_and_closed, a_task_is_dragged_to_another_view, a_list_is_searched]

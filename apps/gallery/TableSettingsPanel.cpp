@@ -1,12 +1,15 @@
-#include "apps/gallery/Switches.h"
+#include "apps/gallery/TableSettingsPanel.h"
 
+#include "corvane/controls/CVMacSearchBar.h"
+#include "corvane/controls/CVMacSwitch.h"
+#include "corvane/views/Button.h"
+#include "corvane/views/Label.h"
+
+#include "apps/gallery/NumberField.h"
+#include "apps/gallery/Panels.h"
 #include "apps/gallery/TaskTable.h"
+#include "apps/gallery/Texts.h"
 
-#include <QCheckBox>
-#include <QFormLayout>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSpinBox>
 #include <functional>
 
 namespace corvane::gallery {
@@ -14,6 +17,9 @@ namespace corvane::gallery {
 namespace {
 
 using Table = CVMacTableView;
+
+constexpr double kMargin = 12;
+constexpr double kCaptionWidth = 216;
 
 struct Switch {
     const char* title;
@@ -32,9 +38,9 @@ std::vector<Switch> switchesOf(const Table& table) {
     return {
         {"Several rows can be selected", table.allowsMultipleSelections(),
          [](TaskTable& one, bool on) { one.table().setAllowsMultipleSelections(on); }},
-        {"A click on nothing selects nothing", table.clearSelectionOnBackgroundClick(),
+        {"A click on nothing deselects", table.clearSelectionOnBackgroundClick(),
          [](TaskTable& one, bool on) { one.table().setClearSelectionOnBackgroundClick(on); }},
-        {"Menus and drags tell what they select", table.informDelegateWhenAutoSelecting(),
+        {"Menus tell what they select", table.informDelegateWhenAutoSelecting(),
          [](TaskTable& one, bool on) { one.table().setInformDelegateWhenAutoSelecting(on); }},
         {"Left and right go by sections", table.supportsLeftRightCursorMovement(),
          [](TaskTable& one, bool on) { one.table().setSupportsLeftRightCursorMovement(on); }},
@@ -71,51 +77,54 @@ std::vector<Measure> measuresOf(const Table& table) {
     };
 }
 
-void addButton(QFormLayout& layout, const char* title, const TaskTables& tables,
+std::shared_ptr<views::View> filterOf(const TaskTables& tables) {
+    auto filter = std::make_shared<CVMacSearchBar>();
+    filter->setPlaceholder(localized("Filter"));
+    filter->didSearchForString = [tables](const std::string& text) {
+        for (const auto& table : tables)
+            table->filter(text);
+    };
+    filter->didClearSearch = [tables] {
+        for (const auto& table : tables)
+            table->filter("");
+    };
+    return filter;
+}
+
+void addButton(Stack& panel, const char* title, const TaskTables& tables,
                const std::function<void(TaskTable&)>& act) {
-    auto* button = new QPushButton(title);
-    QObject::connect(button, &QPushButton::clicked, button, [tables, act] {
+    panel.add(button(localized(title), [tables, act] {
         for (const auto& table : tables)
             act(*table);
-    });
-    layout.addRow(button);
+    }));
 }
 
 }  // namespace
 
-QWidget* makeSwitches(const TaskTables& tables, QWidget* parent) {
-    auto* panel = new QWidget(parent);
-    auto* layout = new QFormLayout(panel);
-    auto* filter = new QLineEdit;
-    filter->setPlaceholderText("Filter");
-    filter->setClearButtonEnabled(true);
-    QObject::connect(filter, &QLineEdit::textChanged, filter, [tables](const QString& text) {
-        for (const auto& table : tables)
-            table->filter(text.toStdString());
-    });
-    layout->addRow(filter);
+std::shared_ptr<views::View> makeTableSettingsPanel(const TaskTables& tables) {
+    auto panel = stackDown(6, kMargin);
+    panel->add(filterOf(tables));
     for (const auto& [title, on, set] : switchesOf(tables.front()->table())) {
-        auto* box = new QCheckBox(title);
-        box->setChecked(on);
-        QObject::connect(box, &QCheckBox::toggled, box, [tables, act = set](bool checked) {
+        auto one = std::make_shared<CVMacSwitch>();
+        one->setOn(on);
+        one->setAction([tables, act = set](views::Control& sender) {
             for (const auto& table : tables)
-                act(*table, checked);
+                act(*table, static_cast<CVMacSwitch&>(sender).isOn());
         });
-        layout->addRow(box);
+        panel->add(captioned(localized(title), one, kCaptionWidth));
     }
     for (const auto& [title, value, least, set] : measuresOf(tables.front()->table())) {
-        auto* box = new QSpinBox;
-        box->setRange(least, 99);
-        box->setValue(value);
-        QObject::connect(box, &QSpinBox::valueChanged, box, [tables, act = set](int changed) {
+        const auto change = [tables, act = set](int changed) {
             for (const auto& table : tables)
                 act(table->table(), changed);
-        });
-        layout->addRow(title, box);
+        };
+        panel->add(captioned(localized(title),
+                             std::make_shared<NumberField>(value, least, 99, change),
+                             kCaptionWidth));
     }
-    addButton(*layout, "Reload", tables, [](TaskTable& one) { one.table().reloadData(); });
-    addButton(*layout, "Select All", tables, [](TaskTable& one) { one.table().selectAllCells(); });
-    addButton(*layout, "10,000 Tasks", {tables.back()},
+    addButton(*panel, "Reload", tables, [](TaskTable& one) { one.table().reloadData(); });
+    addButton(*panel, "Select All", tables, [](TaskTable& one) { one.table().selectAllCells(); });
+    addButton(*panel, "10,000 Tasks", {tables.back()},
               [](TaskTable& one) { one.setSections(manyExampleTasks(10000)); });
     return panel;
 }

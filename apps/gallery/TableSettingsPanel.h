@@ -4,7 +4,9 @@
 #include <memory>
 #include <vector>
 
-class QWidget;
+namespace corvane::views {
+class View;
+}
 
 namespace corvane::gallery {
 
@@ -13,6 +15,6 @@ class TaskTable;
 using TaskTables = std::vector<std::shared_ptr<TaskTable>>;
 
 /// A panel whose controls begin with the settings of the first table, and change all of them.
-QWidget* makeSwitches(const TaskTables& tables, QWidget* parent);
+std::shared_ptr<views::View> makeTableSettingsPanel(const TaskTables& tables);
 
 }  // namespace corvane::gallery
