@@ -166,4 +166,8 @@ std::string CVMacProgressView::accessibilityValue() const {
     return fraction_ ? platform::percentText(percentOf(*fraction_)) : std::string();
 }
 
+std::optional<double> CVMacProgressView::accessibilityNumber() const {
+    return fraction_ ? std::optional<double>(percentOf(*fraction_)) : std::nullopt;
+}
+
 }  // namespace corvane

@@ -48,6 +48,7 @@ class CVMacProgressView final : public views::CompoundView {
     std::string accessibilityName() const override;
     /// In percent, rounded down; empty for a fraction that is not known.
     std::string accessibilityValue() const override;
+    std::optional<double> accessibilityNumber() const override;
 
   private:
     views::Rect titleRect() const;

@@ -3,6 +3,7 @@
 #include "corvane/controls/ControlFocus.h"
 #include "corvane/controls/PaneMemory.h"
 #include "corvane/controls/PaneSizes.h"
+#include "corvane/platform/NumberText.h"
 #include "corvane/views/Canvas.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/Mirroring.h"
@@ -99,7 +100,10 @@ class CVMacSplitView::Divider final : public View {
     bool acceptsFirstResponder() const override { return true; }
     views::Role accessibilityRole() const override { return views::Role::Splitter; }
     std::string accessibilityValue() const override {
-        return split_ ? std::to_string(std::lround(split_->positionOf(index_))) : "";
+        return split_ ? platform::numberText(std::lround(split_->positionOf(index_))) : "";
+    }
+    std::optional<double> accessibilityNumber() const override {
+        return split_ ? std::optional(split_->positionOf(index_)) : std::nullopt;
     }
     bool accessibilityCanPress() const override {
         return split_ && split_->collapsibleBeside(index_) >= 0;

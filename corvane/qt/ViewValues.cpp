@@ -3,7 +3,6 @@
 #include "corvane/qt/Geometry.h"
 
 #include <QVariant>
-#include <charconv>
 #include <utility>
 
 namespace corvane::qt {
@@ -46,14 +45,7 @@ QVariant ViewNumber::maximumValue() const {
 
 std::optional<double> ViewNumber::number() const {
     const auto view = view_.lock();
-    const auto role = view ? view->accessibilityRole() : views::Role::None;
-    // The value of a date may begin with a number, too.
-    if (role != views::Role::ProgressBar && role != views::Role::Splitter) return std::nullopt;
-    const std::string text = view->accessibilityValue();
-    double number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc()) return std::nullopt;
-    return number;
+    return view ? view->accessibilityNumber() : std::nullopt;
 }
 
 }  // namespace corvane::qt

@@ -43,8 +43,7 @@ class ViewNumber final : public QAccessibleValueInterface {
   public:
     explicit ViewNumber(std::weak_ptr<views::View> view) : view_(std::move(view)) {}
 
-    /// What the view's value begins with; none where that is no number, as while nobody knows how
-    /// long something takes.
+    /// None for views that cannot be measured, and while nobody knows how long something takes.
     std::optional<double> number() const;
 
     QVariant currentValue() const override { return number().value_or(0); }

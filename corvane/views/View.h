@@ -199,6 +199,9 @@ class View : public std::enable_shared_from_this<View> {
     virtual std::string accessibilityName() const;
     void setAccessibilityName(std::string name);
     virtual std::string accessibilityValue() const { return {}; }
+    /// The value of what can be measured, whose text is as the locale writes it: how far something
+    /// is, in percent, and of a divider where it is, in points. None for anything else.
+    virtual std::optional<double> accessibilityNumber() const { return {}; }
     virtual bool accessibilitySelected() const { return false; }
     /// None for what is neither on nor off.
     virtual std::optional<bool> accessibilityChecked() const { return {}; }

@@ -70,12 +70,15 @@ struct Measured : views::View {
     using View::View;
     Role accessibilityRole() const override { return role; }
     std::string accessibilityValue() const override { return value; }
-    void setValue(std::string text) {
+    std::optional<double> accessibilityNumber() const override { return number; }
+    void setValue(std::string text, std::optional<double> measured = {}) {
         value = std::move(text);
+        number = measured;
         accessibilityDidChange(views::AccessibilityChange::Value);
     }
     Role role = Role::ProgressBar;
     std::string value;
+    std::optional<double> number;
 };
 
 struct Rows : CVMacTableViewDataSource {
@@ -130,7 +133,7 @@ TEST_F(AccessibilityTest, TellsValuesAsNumbersOrInWords) {
     auto* interface = QAccessible::queryAccessibleInterface(&host)->child(0);
     view->setValue("");
     EXPECT_FALSE(interface->valueInterface());
-    view->setValue("40%");
+    view->setValue("%40", 40);
     ASSERT_TRUE(interface->valueInterface());
     EXPECT_EQ(interface->valueInterface()->maximumValue(), 100.0);
     view->role = Role::Splitter;
