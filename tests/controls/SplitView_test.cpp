@@ -154,7 +154,7 @@ TEST_F(SplitView, MovesItsDividersByKeys) {
     }
     const platform::ScopedLocale arabic{platform::Locale("ar")};
     press(views::kKeyRightArrow);
-    EXPECT_EQ(divider->accessibilityValue(), "270");
+    EXPECT_EQ(divider->accessibilityValue(), "٢٧٠");
 }
 
 TEST_F(SplitView, CollapsesAndRestoresPanes) {
