@@ -84,7 +84,7 @@ int main(int argc, char** argv) {
                                      [locale = locale, text = text](benchmark::State& state) {
                                          bench::typing(state, locale, text);
                                      })
-            ->Unit(benchmark::kMicrosecond);
+            ->Unit(benchmark::kMillisecond);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
