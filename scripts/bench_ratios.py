@@ -85,7 +85,7 @@ def row_line(name, size, entry, time):
 
 
 def case_line(name, case, time):
-    text = f"{time:7.4g} ns" if time < 1e6 else f"{time / 1e6:7.4g} ms"
+    text = f"{time:7.4g} ns" if time < 1e5 else f"{time / 1e6:7.4g} ms"
     return f"{name:>17} {case:>20}: {text}" + promise(time / 1e6, most=MOST_MILLISECONDS.get(name))
 
 
