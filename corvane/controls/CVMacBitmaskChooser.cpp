@@ -1,9 +1,9 @@
 #include "corvane/controls/CVMacBitmaskChooser.h"
 
-#include "corvane/controls/ControlFocus.h"
 #include "corvane/dates/EXBitmaskFactory.h"
 #include "corvane/views/Canvas.h"
 #include "corvane/views/Command.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/Mirroring.h"
 #include "corvane/views/TextMeasurer.h"

@@ -1,8 +1,8 @@
 #include "corvane/controls/CVMacImageView.h"
 
-#include "corvane/controls/ControlFocus.h"
 #include "corvane/controls/MapImage.h"
 #include "corvane/views/Canvas.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/IconAndText.h"
 #include "corvane/views/Theme.h"
@@ -40,43 +40,12 @@ void CVMacImageView::imageDidChange() {
 
 void CVMacImageView::setClickable(bool clickable) {
     clickable_ = clickable;
-    pressed_ = false;
+    mouseWasLost();
     setNeedsDisplay();
 }
 
-void CVMacImageView::performClick() {
-    if (clickable_ && isEnabled()) sendAction();
-}
-
-void CVMacImageView::setPressed(bool pressed) {
-    if (std::exchange(pressed_, pressed) != pressed) setNeedsDisplay();
-}
-
-bool CVMacImageView::mouseDown(const views::MouseEvent&) {
-    setPressed(clickable_ && isEnabled());
-    return clickable_;
-}
-
-bool CVMacImageView::mouseDragged(const views::MouseEvent& event) {
-    setPressed(clickable_ && isEnabled() &&
-               bounds().contains(convertFromWindow(event.locationInWindow())));
-    return clickable_;
-}
-
-bool CVMacImageView::mouseUp(const views::MouseEvent& event) {
-    mouseDragged(event);
-    const bool pressed = pressed_;
-    setPressed(false);
-    if (!pressed) return clickable_;
-    performClick();
-    return true;
-}
-
-bool CVMacImageView::keyDown(const views::KeyEvent& event) {
-    if (const auto passedOn = focusPassedOn(*this, event)) return *passedOn;
-    if (!clickable_ || event.characters() != " ") return false;
-    performClick();
-    return true;
+bool CVMacImageView::mouseDown(const views::MouseEvent& event) {
+    return clickable_ && PressableControl::mouseDown(event);
 }
 
 views::Cursor CVMacImageView::cursorAt(views::Point) const {
@@ -99,7 +68,7 @@ views::Size CVMacImageView::preferredSizeThatFits(views::Size) {
 }
 
 void CVMacImageView::draw(views::Canvas& canvas, const views::Rect&) {
-    if (pressed_) canvas.fillRoundedRect(bounds(), kRadius, views::theme().pressedBackground);
+    if (isPressed()) canvas.fillRoundedRect(bounds(), kRadius, views::theme().pressedBackground);
     if (image_) {
         const auto& ground = views::theme().background;
         views::drawIconAndText(canvas, {.icon = image_, .text = {}}, bounds(), ground,

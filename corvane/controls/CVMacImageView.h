@@ -3,7 +3,7 @@
 
 #include "corvane/platform/Color.h"
 #include "corvane/platform/Image.h"
-#include "corvane/views/Control.h"
+#include "corvane/views/PressableControl.h"
 #include "corvane/vocabulary/EXImageMap.h"
 
 #include <cstdint>
@@ -15,9 +15,9 @@ namespace corvane {
 
 /// Shows nothing for an index outside of the map. Where it is clickable it is a button: a click and
 /// Space send its action.
-class CVMacImageView final : public views::Control {
+class CVMacImageView final : public views::PressableControl {
   public:
-    using views::Control::Control;
+    using views::PressableControl::PressableControl;
 
     const std::shared_ptr<const EXImageMap>& imageMap() const { return imageMap_; }
     void setImageMap(std::shared_ptr<const EXImageMap> map);  ///< null for none
@@ -30,34 +30,27 @@ class CVMacImageView final : public views::Control {
 
     bool isClickable() const { return clickable_; }
     void setClickable(bool clickable);
-    /// Nothing where it is not clickable or disabled.
-    void performClick();
 
     views::Size preferredSizeThatFits(views::Size available) override;
     void draw(views::Canvas& canvas, const views::Rect& dirty) override;
     bool mouseDown(const views::MouseEvent& event) override;
-    bool mouseDragged(const views::MouseEvent& event) override;
-    bool mouseUp(const views::MouseEvent& event) override;
-    void mouseWasLost() override { setPressed(false); }
-    bool keyDown(const views::KeyEvent& event) override;
-    bool acceptsFirstResponder() const override { return clickable_ && isEnabled(); }
     views::Cursor cursorAt(views::Point point) const override;
     views::Role accessibilityRole() const override;
     /// Unless one was set, the tool tip.
     std::string accessibilityName() const override;
     bool accessibilityCanPress() const override { return clickable_; }
-    void accessibilityPress() override { performClick(); }
+
+  protected:
+    bool canBeClicked() const override { return clickable_ && isEnabled(); }
 
   private:
     void imageDidChange();
-    void setPressed(bool pressed);
 
     std::shared_ptr<const EXImageMap> imageMap_;
     std::int64_t imageIndex_ = -1;
     std::optional<platform::Color> tintColor_;
     platform::ImagePtr image_;
     bool clickable_ = false;
-    bool pressed_ = false;
 };
 
 }  // namespace corvane

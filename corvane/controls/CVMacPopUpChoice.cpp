@@ -1,9 +1,9 @@
 #include "corvane/controls/CVMacPopUpChoice.h"
 
-#include "corvane/controls/ControlFocus.h"
 #include "corvane/platform/RunLoop.h"
 #include "corvane/views/Canvas.h"
 #include "corvane/views/Command.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/IconAndText.h"
 #include "corvane/views/Menu.h"

@@ -1,6 +1,6 @@
 #include "corvane/controls/CVMacSegmentedChoice.h"
 
-#include "corvane/controls/ControlFocus.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/SegmentedControl.h"
 #include "corvane/views/Window.h"
@@ -17,7 +17,7 @@ class CVMacSegmentedChoice::Segments final : public views::SegmentedControl {
     views::Role accessibilityRole() const override { return views::Role::None; }
 
   protected:
-    bool showsFocus() const override { return superview() && corvane::showsFocus(*superview()); }
+    bool showsFocus() const override { return superview() && views::showsFocus(*superview()); }
 };
 
 CVMacSegmentedChoice::CVMacSegmentedChoice(const views::Rect& frame)

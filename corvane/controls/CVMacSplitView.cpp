@@ -1,10 +1,10 @@
 #include "corvane/controls/CVMacSplitView.h"
 
-#include "corvane/controls/ControlFocus.h"
 #include "corvane/controls/PaneMemory.h"
 #include "corvane/controls/PaneSizes.h"
 #include "corvane/platform/NumberText.h"
 #include "corvane/views/Canvas.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/Mirroring.h"
 #include "corvane/views/Theme.h"

@@ -1,14 +1,14 @@
 #include "corvane/controls/CVMacStatusBar.h"
 
-#include "corvane/controls/ControlFocus.h"
 #include "corvane/views/Canvas.h"
 #include "corvane/views/Command.h"
-#include "corvane/views/Control.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/IconAndText.h"
 #include "corvane/views/Label.h"
 #include "corvane/views/Menu.h"
 #include "corvane/views/Mirroring.h"
+#include "corvane/views/PressableControl.h"
 #include "corvane/views/TextMeasurer.h"
 #include "corvane/views/Theme.h"
 
@@ -40,7 +40,7 @@ class StatusLabel final : public views::Label {
 
 }  // namespace
 
-class CVMacStatusBar::Icon final : public views::Control {
+class CVMacStatusBar::Icon final : public views::PressableControl {
   public:
     explicit Icon(CVMacStatusBar& bar) : bar_(&bar) {}
 
@@ -52,60 +52,35 @@ class CVMacStatusBar::Icon final : public views::Control {
     }
 
     void draw(views::Canvas& canvas, const Rect&) override {
-        if (pressed_) canvas.fillRoundedRect(bounds(), 4, views::theme().pressedBackground);
+        if (isPressed()) canvas.fillRoundedRect(bounds(), 4, views::theme().pressedBackground);
         const Rect inside = bounds().insetBy(kAroundIcon, kAroundIcon);
         views::drawIconAndText(canvas, {image_, {}}, inside, views::theme().text);
         drawFocusRing(canvas, *this, bounds(), 4);
     }
 
-    bool mouseDown(const views::MouseEvent&) override {
-        setPressed(true);
-        return true;
-    }
-    bool mouseDragged(const views::MouseEvent& event) override {
-        setPressed(bounds().contains(convertFromWindow(event.locationInWindow())));
-        return true;
-    }
-    bool mouseUp(const views::MouseEvent& event) override {
-        mouseDragged(event);
-        const bool pressed = pressed_;
-        setPressed(false);
-        if (pressed) select();
-        return true;
-    }
-    void mouseWasLost() override { setPressed(false); }
     bool keyDown(const views::KeyEvent& event) override {
-        if (const auto passed = focusPassedOn(*this, event)) return *passed;
-        const bool selects = event.characters() == " " ||
-                             views::commandForKey(event) == views::Command::InsertNewline;
-        if (selects) select();
-        return selects;
+        if (PressableControl::keyDown(event)) return true;
+        if (views::commandForKey(event) != views::Command::InsertNewline) return false;
+        performClick();
+        return true;
     }
     std::shared_ptr<views::Menu> menuForEvent(const views::MouseEvent&) override {
         const auto asked = bar_ ? bar_->contextMenuForStatusIcon : nullptr;
         return asked ? asked() : nullptr;
     }
 
-    bool acceptsFirstResponder() const override { return true; }
     std::string toolTip() const override { return accessibilityName(); }
     views::Role accessibilityRole() const override { return views::Role::Button; }
-    bool accessibilityCanPress() const override { return true; }
-    void accessibilityPress() override { select(); }
 
   private:
-    void select() {
+    void wasClicked() override {
         const auto keepAlive = shared_from_this();
         const auto told = bar_ ? bar_->statusIconSelected : nullptr;
         if (told) told();
     }
-    void setPressed(bool pressed) {
-        pressed_ = pressed;
-        setNeedsDisplay();
-    }
 
     CVMacStatusBar* bar_;  ///< null when that has gone
     platform::ImagePtr image_;
-    bool pressed_ = false;
 };
 
 CVMacStatusBar::CVMacStatusBar()

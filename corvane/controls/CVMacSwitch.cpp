@@ -1,7 +1,7 @@
 #include "corvane/controls/CVMacSwitch.h"
 
-#include "corvane/controls/ControlFocus.h"
 #include "corvane/views/Canvas.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/Mirroring.h"
 #include "corvane/views/Theme.h"

@@ -1,9 +1,9 @@
 #include "corvane/controls/CVMacToolbarButton.h"
 
 #include "corvane/controls/ActionMenu.h"
-#include "corvane/controls/ControlFocus.h"
 #include "corvane/views/Canvas.h"
 #include "corvane/views/Command.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/Mirroring.h"
 #include "corvane/views/TextMeasurer.h"
@@ -88,8 +88,7 @@ bool CVMacToolbarButton::hasMenu() const {
 
 // Invoking.
 
-void CVMacToolbarButton::performClick() {
-    if (!isEnabled() || !action_) return;
+void CVMacToolbarButton::wasClicked() {
     const auto keepAlive = shared_from_this();
     if (hasMenu()) return openMenu();
     invokeAction(action_, CVAction::Sender(this), didInvokeAction);
@@ -111,36 +110,8 @@ void CVMacToolbarButton::openMenu() {
     window->host().showMenu(menu, convertToWindow(Point{0, frame().height}));
 }
 
-void CVMacToolbarButton::setPressed(bool pressed) {
-    if (pressed == pressed_) return;
-    pressed_ = pressed;
-    setNeedsDisplay();
-}
-
-bool CVMacToolbarButton::mouseDown(const views::MouseEvent&) {
-    setPressed(isEnabled());
-    return true;
-}
-
-bool CVMacToolbarButton::mouseDragged(const views::MouseEvent& event) {
-    setPressed(isEnabled() && bounds().contains(convertFromWindow(event.locationInWindow())));
-    return true;
-}
-
-bool CVMacToolbarButton::mouseUp(const views::MouseEvent& event) {
-    mouseDragged(event);
-    const bool pressed = pressed_;
-    setPressed(false);
-    if (pressed) performClick();
-    return true;
-}
-
 bool CVMacToolbarButton::keyDown(const views::KeyEvent& event) {
-    if (event.characters() == " ") {
-        performClick();
-        return true;
-    }
-    if (const auto passed = focusPassedOn(*this, event)) return *passed;
+    if (PressableControl::keyDown(event)) return true;
     const auto command = views::commandForKey(event);
     const bool opens = command == Command::MoveDown && hasMenu();
     if (command != Command::InsertNewline && !opens) return false;
@@ -212,7 +183,7 @@ void CVMacToolbarButton::draw(views::Canvas& canvas, const Rect&) {
     const double width = frame().width;
     const Places places = this->places();
     const platform::Color ink = isEnabled() ? colors.text : colors.secondaryText;
-    if (pressed_) canvas.fillRoundedRect(bounds(), 5, colors.pressedBackground);
+    if (isPressed()) canvas.fillRoundedRect(bounds(), 5, colors.pressedBackground);
     drawFocusRing(canvas, *this, bounds(), 5);
     if (image_) {
         // Grey where it cannot be had; the icon itself where nobody can tint it.

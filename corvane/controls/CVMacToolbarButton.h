@@ -4,7 +4,7 @@
 
 #include "corvane/models/CVAction.h"
 #include "corvane/platform/Image.h"
-#include "corvane/views/Control.h"
+#include "corvane/views/PressableControl.h"
 
 #include <functional>
 #include <memory>
@@ -13,7 +13,7 @@
 namespace corvane {
 
 /// What it shows is the action's at the time when it is made; a toolbar's item changes it later.
-class CVMacToolbarButton : public views::Control {
+class CVMacToolbarButton : public views::PressableControl {
   public:
     /// Null makes a button that shows and does nothing.
     explicit CVMacToolbarButton(std::shared_ptr<CVAction> action);
@@ -35,8 +35,6 @@ class CVMacToolbarButton : public views::Control {
     bool usesLargeIcon() const { return usesLargeIcon_; }
     void setUsesLargeIcon(bool large);
 
-    /// As a click does it. Nothing while it is disabled.
-    void performClick();
     /// Whether a click opens a menu.
     bool hasMenu() const;
 
@@ -46,19 +44,16 @@ class CVMacToolbarButton : public views::Control {
 
     views::Size preferredSizeThatFits(views::Size available) override;
     void draw(views::Canvas& canvas, const views::Rect& dirty) override;
-    bool mouseDown(const views::MouseEvent& event) override;
-    bool mouseDragged(const views::MouseEvent& event) override;
-    bool mouseUp(const views::MouseEvent& event) override;
-    void mouseWasLost() override { setPressed(false); }
     bool keyDown(const views::KeyEvent& event) override;
-    bool acceptsFirstResponder() const override { return isEnabled(); }
     bool canBecomeKeyView() const override { return isTabStop_ && Control::canBecomeKeyView(); }
     /// What was set; otherwise the title where it is cut off or does not show.
     std::string toolTip() const override;
     views::Role accessibilityRole() const override;
     std::string accessibilityName() const override;
-    bool accessibilityCanPress() const override { return true; }
-    void accessibilityPress() override { performClick(); }
+
+  protected:
+    bool canBeClicked() const override { return isEnabled() && action_; }
+    void wasClicked() override;
 
   private:
     struct Places;
@@ -66,7 +61,6 @@ class CVMacToolbarButton : public views::Control {
     views::Size iconSize() const;
     double titleWidth() const;
     bool titleShows() const { return (showsTitle_ || !image_) && !title_.empty(); }
-    void setPressed(bool pressed);
     void openMenu();
 
     std::shared_ptr<CVAction> action_;
@@ -75,7 +69,6 @@ class CVMacToolbarButton : public views::Control {
     bool showsTitle_ = true;
     bool usesLargeIcon_ = false;
     bool isTabStop_ = true;
-    bool pressed_ = false;
 };
 
 }  // namespace corvane

@@ -1,10 +1,9 @@
 #include "corvane/controls/ChooserView.h"
 
 #include "corvane/views/Canvas.h"
-#include "corvane/views/Command.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/Theme.h"
-#include "corvane/views/Window.h"
 
 #include <utility>
 
@@ -88,11 +87,7 @@ void ChooserView::draw(views::Canvas& canvas, const Rect&) {
 bool ChooserView::keyDown(const views::KeyEvent& event) {
     if (moveByKey(event)) return true;
     if (event.characters() == " ") return chooseHighlighted();
-    const auto command = views::commandForKey(event);
-    views::Window* window = this->window();
-    if (!window || !command) return false;
-    if (*command == views::Command::InsertTab) return window->selectNextKeyViewOf(*this);
-    return *command == views::Command::InsertBacktab && window->selectPreviousKeyViewOf(*this);
+    return views::focusPassedOn(*this, event).value_or(false);
 }
 
 }  // namespace corvane

@@ -1,8 +1,8 @@
 #include "corvane/controls/SearchGlyphButton.h"
 
-#include "corvane/controls/ControlFocus.h"
 #include "corvane/views/Canvas.h"
 #include "corvane/views/Command.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/Mirroring.h"
 #include "corvane/views/Theme.h"
@@ -55,26 +55,17 @@ void SearchGlyphButton::setValue(std::string value) {
     accessibilityDidChange(views::AccessibilityChange::Value);
 }
 
-void SearchGlyphButton::press() {
-    if (isEnabled()) sendAction();
-}
-
-bool SearchGlyphButton::mouseDown(const views::MouseEvent&) {
-    return isEnabled();
-}
-
-bool SearchGlyphButton::mouseUp(const views::MouseEvent& event) {
-    if (bounds().contains(convertFromWindow(event.locationInWindow()))) press();
-    return true;
+bool SearchGlyphButton::mouseDown(const views::MouseEvent& event) {
+    return isEnabled() && PressableControl::mouseDown(event);
 }
 
 bool SearchGlyphButton::keyDown(const views::KeyEvent& event) {
-    if (const auto passed = focusPassedOn(*this, event)) return *passed;
+    if (PressableControl::keyDown(event)) return true;
     const auto command = views::commandForKey(event);
-    const bool presses = event.characters() == " " || command == views::Command::InsertNewline ||
-                         command == views::Command::MoveDown;
-    if (presses) press();
-    return presses;
+    if (command != views::Command::InsertNewline && command != views::Command::MoveDown)
+        return false;
+    performClick();
+    return true;
 }
 
 views::Size SearchGlyphButton::preferredSizeThatFits(views::Size) {
@@ -83,6 +74,7 @@ views::Size SearchGlyphButton::preferredSizeThatFits(views::Size) {
 }
 
 void SearchGlyphButton::draw(Canvas& canvas, const Rect&) {
+    if (isPressed()) canvas.fillRoundedRect(bounds(), 5, views::theme().pressedBackground);
     const Color color = highlighted_ ? views::theme().accent : views::theme().secondaryText;
     const bool hasArrow = opensMenu_ && isEnabled();
     const double width = kGlyph + (hasArrow ? kArrow + 2 : 0);

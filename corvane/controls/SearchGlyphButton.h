@@ -1,7 +1,7 @@
 // The small buttons of a search bar, which draw what they show.
 #pragma once
 
-#include "corvane/views/Control.h"
+#include "corvane/views/PressableControl.h"
 
 #include <string>
 
@@ -11,7 +11,7 @@ enum class SearchGlyph { Magnifier, Clear, Filter };
 
 /// Disabled, it only shows, and leaves clicks to whatever is around it. The arrow of a menu stands
 /// beside the glyph while there is one.
-class SearchGlyphButton : public views::Control {
+class SearchGlyphButton : public views::PressableControl {
   public:
     SearchGlyphButton(SearchGlyph glyph, bool opensMenu) : glyph_(glyph), opensMenu_(opensMenu) {}
 
@@ -22,7 +22,6 @@ class SearchGlyphButton : public views::Control {
     views::Size preferredSizeThatFits(views::Size available) override;
     void draw(views::Canvas& canvas, const views::Rect& dirty) override;
     bool mouseDown(const views::MouseEvent& event) override;
-    bool mouseUp(const views::MouseEvent& event) override;
     bool keyDown(const views::KeyEvent& event) override;
     /// What clears is the matter of a key in the field.
     bool acceptsFirstResponder() const override { return opensMenu_ && isEnabled(); }
@@ -30,11 +29,8 @@ class SearchGlyphButton : public views::Control {
     views::Role accessibilityRole() const override;
     std::string accessibilityValue() const override { return value_; }
     bool accessibilityCanPress() const override { return isEnabled(); }
-    void accessibilityPress() override { press(); }
 
   private:
-    void press();
-
     SearchGlyph glyph_;
     bool opensMenu_;
     bool highlighted_ = false;

@@ -1,8 +1,8 @@
 #include "corvane/controls/TabularHeader.h"
 
-#include "corvane/controls/ControlFocus.h"
 #include "corvane/views/Canvas.h"
 #include "corvane/views/Command.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/Mirroring.h"
 #include "corvane/views/TextMeasurer.h"

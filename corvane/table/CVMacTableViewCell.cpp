@@ -2,6 +2,7 @@
 
 #include "corvane/table/CVMacBackgroundView.h"
 #include "corvane/views/Canvas.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/ImageView.h"
 #include "corvane/views/Mirroring.h"
 #include "corvane/views/TextView.h"
@@ -84,7 +85,7 @@ void CVMacTableViewCell::draw(views::Canvas& canvas, const views::Rect&) {
 
 void CVMacTableViewCell::drawAboveSubviews(views::Canvas& canvas, const views::Rect&) {
     // On paper nothing has the focus.
-    if (!printing_ && isFirstResponder() && window()->isActive())
+    if (!printing_ && views::showsFocus(*this))
         canvas.strokeRoundedRect(bounds().insetBy(1, 1), 3, views::theme().accent, 1.5);
 }
 

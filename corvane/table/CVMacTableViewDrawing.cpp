@@ -6,9 +6,9 @@
 #include "corvane/table/DropIndicator.h"
 #include "corvane/table/OptionalCall.h"
 #include "corvane/views/Canvas.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/Mirroring.h"
 #include "corvane/views/Theme.h"
-#include "corvane/views/Window.h"
 
 #include <algorithm>
 
@@ -75,8 +75,7 @@ void CVMacTableView::draw(views::Canvas& canvas, const views::Rect& dirty) {
 }
 
 void CVMacTableView::drawAboveSubviews(views::Canvas& canvas, const views::Rect&) {
-    if (isFirstResponder() && window()->isActive())
-        canvas.strokeRoundedRect(visibleRect(), 0, views::theme().accent, 2);
+    views::drawFocusRing(canvas, *this, visibleRect(), 0);
 }
 
 // Pages.

@@ -5,6 +5,7 @@
 #include "corvane/table/OptionalCall.h"
 #include "corvane/table/TableTrace.h"
 #include "corvane/views/Command.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/Window.h"
 
@@ -192,9 +193,8 @@ bool CVMacTableView::doCommand(views::Command command) {
             focusAlone(lastCellRespectingFiltered(true));
             return true;
         case views::Command::InsertTab:
-            return window() && window()->selectNextKeyViewOf(*this);
         case views::Command::InsertBacktab:
-            return window() && window()->selectPreviousKeyViewOf(*this);
+            return views::focusPassedOn(*this, command).value_or(false);
         case views::Command::SelectAll:
             selectAllCells();
             return true;

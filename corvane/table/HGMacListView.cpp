@@ -7,8 +7,8 @@
 #include "corvane/table/OptionalCall.h"
 #include "corvane/views/Canvas.h"
 #include "corvane/views/Command.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/Theme.h"
-#include "corvane/views/Window.h"
 
 #include <algorithm>
 #include <numeric>
@@ -272,9 +272,8 @@ bool HGMacListView::doCommand(views::Command command) {
     };
     switch (command) {
         case views::Command::InsertTab:
-            return window() && window()->selectNextKeyViewOf(*this);
         case views::Command::InsertBacktab:
-            return window() && window()->selectPreviousKeyViewOf(*this);
+            return views::focusPassedOn(*this, command).value_or(false);
         case views::Command::MoveDown:
         case views::Command::InsertNewline:
             return edit(0);
@@ -306,8 +305,7 @@ std::shared_ptr<views::Menu> HGMacListView::contextMenuForItem(HGMacListViewItem
 }
 
 void HGMacListView::drawAboveSubviews(views::Canvas& canvas, const views::Rect&) {
-    if (isFirstResponder() && window()->isActive())
-        canvas.strokeRoundedRect(visibleRect(), 0, views::theme().accent, 2);
+    views::drawFocusRing(canvas, *this, visibleRect(), 0);
 }
 
 void HGMacListView::draw(views::Canvas& canvas, const views::Rect& dirty) {

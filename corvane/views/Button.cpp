@@ -1,10 +1,9 @@
 #include "corvane/views/Button.h"
 
 #include "corvane/views/Canvas.h"
-#include "corvane/views/Event.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/IconAndText.h"
 #include "corvane/views/Theme.h"
-#include "corvane/views/Window.h"
 
 #include <algorithm>
 
@@ -38,46 +37,9 @@ void Button::setOn(bool on) {
     accessibilityDidChange(AccessibilityChange::Checked);
 }
 
-void Button::setPressed(bool pressed) {
-    if (pressed == pressed_) return;
-    pressed_ = pressed;
-    setNeedsDisplay();
-}
-
-void Button::performClick() {
-    if (!isEnabled()) return;
+void Button::wasClicked() {
     if (toggles_) setOn(!on_);
     sendAction();
-}
-
-bool Button::mouseDown(const MouseEvent&) {
-    setPressed(isEnabled());
-    return true;
-}
-
-bool Button::mouseDragged(const MouseEvent& event) {
-    setPressed(isEnabled() && bounds().contains(convertFromWindow(event.locationInWindow())));
-    return true;
-}
-
-bool Button::mouseUp(const MouseEvent& event) {
-    mouseDragged(event);
-    const bool pressed = pressed_;
-    setPressed(false);
-    if (pressed) performClick();
-    return true;
-}
-
-bool Button::keyDown(const KeyEvent& event) {
-    Window* window = this->window();
-    if (event.characters() == " ") {
-        performClick();
-        return true;
-    }
-    const auto command = commandForKey(event);
-    if (!window || !command) return false;
-    if (*command == Command::InsertTab) return window->selectNextKeyViewOf(*this);
-    return *command == Command::InsertBacktab && window->selectPreviousKeyViewOf(*this);
 }
 
 // Looks.
@@ -100,17 +62,13 @@ std::string Button::toolTip() const {
     return isTextCut({image_, title_}, contentRect().width) ? title_ : own;
 }
 
-bool Button::showsFocus() const {
-    return isFirstResponder() && window()->isActive();
-}
-
 void Button::draw(Canvas& canvas, const Rect&) {
     const Theme& colors = theme();
-    const platform::Color ground = pressed_ ? colors.pressedBackground
-                                   : on_    ? colors.selection
-                                            : colors.controlBackground;
+    const platform::Color ground = isPressed() ? colors.pressedBackground
+                                   : on_       ? colors.selection
+                                               : colors.controlBackground;
     canvas.fillRoundedRect(bounds(), kRadius, ground);
-    const bool focused = showsFocus();
+    const bool focused = showsFocus(*this);
     canvas.strokeRoundedRect(bounds(), kRadius, focused ? colors.accent : colors.border,
                              focused ? 2 : 1);
     drawIconAndText(canvas, {image_, title_}, contentRect(),

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "corvane/platform/Image.h"
-#include "corvane/views/Control.h"
+#include "corvane/views/PressableControl.h"
 
 #include <optional>
 #include <string>
@@ -13,9 +13,9 @@ namespace corvane::views {
 /// The platform's codes.
 enum class BezelStyle { Rounded = 1, TexturedRounded = 11 };
 
-class Button : public Control {
+class Button : public PressableControl {
   public:
-    using Control::Control;
+    using PressableControl::PressableControl;
 
     const std::string& title() const { return title_; }
     void setTitle(std::string title);
@@ -32,31 +32,18 @@ class Button : public Control {
     bool isOn() const { return on_; }
     void setOn(bool on);
 
-    /// As a click does it. Nothing while it is disabled.
-    void performClick();
-
     Size preferredSizeThatFits(Size available) override;
     void draw(Canvas& canvas, const Rect& dirty) override;
-    bool mouseDown(const MouseEvent& event) override;
-    bool mouseDragged(const MouseEvent& event) override;
-    bool mouseUp(const MouseEvent& event) override;
-    void mouseWasLost() override { setPressed(false); }
-    bool keyDown(const KeyEvent& event) override;
-    bool acceptsFirstResponder() const override { return isEnabled(); }
     Role accessibilityRole() const override { return toggles_ ? Role::CheckBox : Role::Button; }
     std::string accessibilityName() const override;
     std::optional<bool> accessibilityChecked() const override {
         return toggles_ ? std::optional(on_) : std::nullopt;
     }
-    bool accessibilityCanPress() const override { return true; }
-    void accessibilityPress() override { performClick(); }
 
   protected:
-    /// Whether the focus is to be marked.
-    virtual bool showsFocus() const;
+    void wasClicked() override;
 
   private:
-    void setPressed(bool pressed);
     /// What is there for picture and title.
     Rect contentRect() const;
 
@@ -65,7 +52,6 @@ class Button : public Control {
     BezelStyle bezelStyle_ = BezelStyle::Rounded;
     bool toggles_ = false;
     bool on_ = false;
-    bool pressed_ = false;
 };
 
 }  // namespace corvane::views

@@ -2,6 +2,7 @@
 
 #include "corvane/views/Canvas.h"
 #include "corvane/views/Command.h"
+#include "corvane/views/ControlFocus.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/IconAndText.h"
 #include "corvane/views/Mirroring.h"
@@ -184,12 +185,8 @@ bool SegmentedControl::doCommand(Command command) {
             choose(next);
             return true;
         }
-        case Command::InsertTab:
-            return window() && window()->selectNextKeyViewOf(*this);
-        case Command::InsertBacktab:
-            return window() && window()->selectPreviousKeyViewOf(*this);
         default:
-            return false;
+            return focusPassedOn(*this, command).value_or(false);
     }
 }
 
@@ -231,7 +228,7 @@ void SegmentedControl::draw(Canvas& canvas, const Rect&) {
 }
 
 bool SegmentedControl::showsFocus() const {
-    return isFirstResponder() && window()->isActive();
+    return views::showsFocus(*this);
 }
 
 void SegmentedControl::drawAboveSubviews(Canvas& canvas, const Rect&) {
