@@ -10,7 +10,9 @@
 #include <benchmark/benchmark.h>
 #include <plist/plist.h>
 
+#include <climits>
 #include <filesystem>
+#include <malloc.h>
 #include <map>
 
 namespace corvane::bench {
@@ -23,6 +25,13 @@ const std::string& fileOf(int tasks) {
     auto [entry, isNew] = files.try_emplace(tasks);
     if (isNew) entry->second = exampleRepositoryFile(tasks);
     return entry->second;
+}
+
+const HGSharedRepository& repositoryOf(int tasks) {
+    static std::map<int, std::shared_ptr<HGSharedRepository>> repositories;
+    auto& repository = repositories[tasks];
+    if (!repository) repository = exampleRepository(tasks);
+    return *repository;
 }
 
 void report(benchmark::State& state) {
@@ -60,18 +69,17 @@ void fileToTreeOfLibplist(benchmark::State& state) {
 }
 
 void recordsToBytes(benchmark::State& state) {
-    const auto repository = exampleRepository(static_cast<int>(state.range(0)));
+    const auto& repository = repositoryOf(static_cast<int>(state.range(0)));
     for (auto _ : state)
-        if (!platform::KeyedArchiver::archivedData(*repository))
-            state.SkipWithError("cannot write");
+        if (!platform::KeyedArchiver::archivedData(repository)) state.SkipWithError("cannot write");
     report(state);
 }
 
 void recordsToFile(benchmark::State& state) {
-    const auto repository = exampleRepository(static_cast<int>(state.range(0)));
+    const auto& repository = repositoryOf(static_cast<int>(state.range(0)));
     const std::string path = fileOf(static_cast<int>(state.range(0))) + ".copy";
     for (auto _ : state)
-        if (platform::KeyedArchiver::archiveToFile(*repository, path))
+        if (platform::KeyedArchiver::archiveToFile(repository, path))
             state.SkipWithError("cannot write");
     std::filesystem::remove(path);
     report(state);
@@ -103,4 +111,10 @@ BENCHMARK(treeToBytesOfLibplist)->Arg(1000)->Unit(benchmark::kMillisecond);
 }  // namespace
 }  // namespace corvane::bench
 
-BENCHMARK_MAIN();
+int main(int count, char** arguments) {
+    // Rounds of every size then find the memory of the round before, instead of only the small.
+    ::mallopt(M_TRIM_THRESHOLD, INT_MAX);
+    ::mallopt(M_MMAP_MAX, 0);
+    benchmark::Initialize(&count, arguments);
+    benchmark::RunSpecifiedBenchmarks();
+}

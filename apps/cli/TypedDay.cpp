@@ -1,19 +1,15 @@
 #include "apps/cli/TypedDay.h"
 
+#include "corvane/controls/DateFieldParser.h"
 #include "corvane/dates/EXDateOnlyCommandParser.h"
-#include "corvane/vocabulary/EXLocalizable.h"
-#include "corvane/vocabulary/VocabularyKeys.h"
 
 #include "apps/cli/TodoLine.h"
 
 namespace corvane::cli {
 
 void nameDays() {
-    using Parser = EXDateOnlyCommandParser;
-    Parser::setTodayName(EXLocalizable::localizableNameForKey(kTodayKey));
-    Parser::setTodayShortName(EXLocalizable::localizableNameForKey(kTodayShortKey));
-    Parser::setTomorrowName(EXLocalizable::localizableNameForKey(kTomorrowKey));
-    Parser::setTomorrowShortName(EXLocalizable::localizableNameForKey(kTomorrowShortKey));
+    EXDateOnlyCommandParser::takeNamesOfStringTables();
+    DateFieldParser::takeNamesOfStringTables();
 }
 
 std::optional<EXDateOnly> typedDay(std::string_view text) {

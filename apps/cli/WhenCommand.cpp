@@ -25,22 +25,12 @@ std::string textOf(const Moment& moment) {
     return text;
 }
 
-/// Under the names that the parser of days has.
-void nameDaysOfFields() {
-    using Days = EXDateOnlyCommandParser;
-    DateFieldParser::setTodayName(Days::todayName());
-    DateFieldParser::setTodayShortName(Days::todayShortName());
-    DateFieldParser::setTomorrowName(Days::tomorrowName());
-    DateFieldParser::setTomorrowShortName(Days::tomorrowShortName());
-}
-
 void readDay(const std::string& text, Moment& moment) {
     moment.day = typedDay(text);
     if (moment.day) moment.word = EXDateOnlyCommandParser::commandForDateOnly(moment.day);
 }
 
 void readDayOfField(const std::string& text, Moment& moment) {
-    nameDaysOfFields();
     const auto date = DateFieldParser::dateFromString(text);
     if (!date) return;
     moment.day = EXCalendar::currentCalendar().dateOnlyForDate(date);

@@ -39,16 +39,8 @@ void addTexts() {
 }
 
 void nameDays() {
-    using Days = EXDateOnlyCommandParser;
-    const auto name = [](const char* key) { return EXLocalizable::localizableNameForKey(key); };
-    Days::setTodayName(name("Today"));
-    Days::setTodayShortName(name("TodayShort"));
-    Days::setTomorrowName(name("Tomorrow"));
-    Days::setTomorrowShortName(name("TomorrowShort"));
-    DateFieldParser::setTodayName(Days::todayName());
-    DateFieldParser::setTodayShortName(Days::todayShortName());
-    DateFieldParser::setTomorrowName(Days::tomorrowName());
-    DateFieldParser::setTomorrowShortName(Days::tomorrowShortName());
+    EXDateOnlyCommandParser::takeNamesOfStringTables();
+    DateFieldParser::takeNamesOfStringTables();
 }
 
 }  // namespace corvane::gallery

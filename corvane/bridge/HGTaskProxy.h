@@ -88,6 +88,9 @@ class HGTaskProxy final : public platform::Archivable {
 
     bool isEqual(const platform::Archivable* other) const { return this == other; }
 
+    /// Those that mostly are this task's alone. Archivers fetch them ahead.
+    std::array<const platform::SharedText*, 2> ownTexts() const { return {&title_, &notes_}; }
+
   private:
     bool starred_ = false;
     std::int16_t status_ = 3;

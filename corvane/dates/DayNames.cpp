@@ -2,11 +2,22 @@
 
 #include "corvane/platform/Locale.h"
 #include "corvane/vocabulary/EXLocalizable.h"
+#include "corvane/vocabulary/VocabularyKeys.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace corvane {
+
+DayNames DayNames::ofStringTables() {
+    DayNames names;
+    for (const auto& [which, key] :
+         {std::pair(DayName::Today, kTodayKey), std::pair(DayName::TodayShort, kTodayShortKey),
+          std::pair(DayName::Tomorrow, kTomorrowKey),
+          std::pair(DayName::TomorrowShort, kTomorrowShortKey)})
+        names.setName(which, EXLocalizable::localizableNameForKey(key));
+    return names;
+}
 
 void DayNames::setName(DayName which, std::optional<std::string> name) {
     entries_[static_cast<std::size_t>(which)].name = std::move(name);

@@ -18,6 +18,9 @@ enum class DayName { TodayShort, Today, TomorrowShort, Tomorrow };
 
 class DayNames {
   public:
+    /// References to the texts that the string tables have for them.
+    static DayNames ofStringTables();
+
     /// None for a name that is not set, as all are at first.
     const std::optional<std::string>& name(DayName which) const { return entry(which).name; }
     void setName(DayName which, std::optional<std::string> name);

@@ -26,6 +26,9 @@ class SettableDayNames {
     static void setTomorrowShortName(Name name) { set(DayName::TomorrowShort, std::move(name)); }
     static Name tomorrowShortName() { return dayNames().name(DayName::TomorrowShort); }
 
+    /// Sets all four to what the string tables have for them, in the user's language at each use.
+    static void takeNamesOfStringTables() { names() = DayNames::ofStringTables(); }
+
     /// All four, as grammars want them.
     static const DayNames& dayNames() { return names(); }
 

@@ -3,6 +3,7 @@
 #include "corvane/formats/TextBuffer.h"
 #include "corvane/platform/Console.h"
 #include "corvane/platform/FileReplacement.h"
+#include "corvane/platform/Prefetch.h"
 #include "corvane/platform/TemporaryDirectory.h"
 
 #include <algorithm>
@@ -46,7 +47,7 @@ void fetch(std::string_view text) {
     constexpr std::size_t kLine = 64;
     constexpr std::size_t kMost = 4 * kLine;  // from there on the processor sees it coming
     for (std::size_t at = 0; at < std::min(text.size(), kMost); at += kLine)
-        __builtin_prefetch(text.data() + at);
+        platform::prefetch(text.data() + at);
 }
 
 void read(Field& field, const EXKeyValueRows& rows, std::size_t index, std::string_view key) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvane/platform/LargeBlocks.h"
+#include "corvane/platform/Prefetch.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -19,7 +20,7 @@ class AddressTable {
     std::uint32_t find(const void* address) const { return entries_[placeOf(address)].number; }
 
     /// Says that the address will be looked up soon.
-    void prefetch(const void* address) const { __builtin_prefetch(&entries_[homeOf(address)]); }
+    void prefetch(const void* address) const { platform::prefetch(&entries_[homeOf(address)]); }
 
     /// REQUIRES: a number other than 0, and an address that has none yet.
     void add(const void* address, std::uint32_t number) {

@@ -1,6 +1,7 @@
 #include "corvane/platform/KeyedUnarchiver.h"
 
 #include "corvane/platform/ArchiveFormat.h"
+#include "corvane/platform/ArchivedClass.h"
 #include "corvane/platform/MappedFile.h"
 
 #include <limits>
@@ -8,25 +9,9 @@
 namespace corvane::platform {
 
 using Kind = PropertyListObject::Kind;
+using Shape = ArchivedClass::Shape;
 
 namespace {
-
-enum class Shape { List, Map, Text, Data, URL, Date, Day, Null, Made, Unknown };
-
-struct KnownClass {
-    std::string_view name;
-    Shape shape;
-    bool growable = false;
-};
-
-constexpr KnownClass kKnownClasses[] = {
-    {archive::kListClass, Shape::List}, {archive::kGrowableListClass, Shape::List, true},
-    {archive::kMapClass, Shape::Map},   {archive::kGrowableMapClass, Shape::Map, true},
-    {archive::kTextClass, Shape::Text}, {archive::kGrowableTextClass, Shape::Text},
-    {archive::kDataClass, Shape::Data}, {archive::kGrowableDataClass, Shape::Data},
-    {archive::kURLClass, Shape::URL},   {archive::kDateClass, Shape::Date},
-    {archive::kNullClass, Shape::Null}, {EXDateOnly::kArchiveClassName, Shape::Day},
-};
 
 // What a file may make the reader do, per byte of its length. Honest files stay far below: each
 // element and each byte of a text is paid for once and takes a byte of its own in the file. Files
@@ -41,48 +26,28 @@ constexpr std::size_t kLongestLayout = 64;
 
 }  // namespace
 
-/// What a class is read as, and the layout of the record of it that was read last: most records of
-/// a class have the same keys in the same places, and are then read without looking at the keys.
-struct KeyedUnarchiver::Class {
-    Shape shape = Shape::Unknown;
-    bool growable = false;
-    SharedText name;
-    const ArchiveClasses::Factory* factory = nullptr;
-
-    std::string_view layout;    ///< the key references of that record
-    unsigned layoutNumber = 0;  ///< counts the changes of layout
-    std::vector<std::pair<ArchiveKey, std::uint64_t>> places;  ///< in the order of asking
-
-    void recognize(std::string_view candidate, const ArchiveClasses& classes);
-};
-
 /// A dictionary being read. Keys are mostly asked for in the order in which they were written, so
 /// each search starts where the last one ended.
 struct KeyedUnarchiver::Record {
     Object dictionary;
     std::uint64_t cursor = 0;
-    Class* type = nullptr;
+    ArchivedClass* type = nullptr;
     std::size_t asked = 0;      ///< keys asked for so far, while the layout of the class holds
     unsigned layoutNumber = 0;  ///< the class's when reading began; 0 without a class
     const Value* valueBefore = nullptr;  ///< what the slot held when a container was begun
 };
 
-void KeyedUnarchiver::Class::recognize(std::string_view candidate, const ArchiveClasses& classes) {
-    for (const KnownClass& known : kKnownClasses) {
-        if (known.name != candidate) continue;
-        shape = known.shape;
-        growable = known.growable;
-    }
-    if (shape != Shape::Unknown) return;
-    factory = classes.find(candidate);
-    if (factory) shape = Shape::Made;
-}
-
 KeyedUnarchiver::KeyedUnarchiver(PropertyListReader reader, std::size_t fileSize,
                                  const ArchiveClasses& classes)
     : reader_(reader), classes_(classes), budget_(kBudgetPerByte * fileSize + kBudgetBase) {}
 
-KeyedUnarchiver::~KeyedUnarchiver() = default;
+// What the values and texts refer to has left the processor's cache, and is fetched ahead again.
+KeyedUnarchiver::~KeyedUnarchiver() {
+    for (; !values_.empty(); values_.pop_front())
+        if (values_.size() > kLookAhead) values_[kLookAhead].prefetchContent();
+    for (; !texts_.empty(); texts_.pop_front())
+        if (texts_.size() > kLookAhead) prefetch(texts_[kLookAhead].identity());
+}
 
 Value KeyedUnarchiver::unarchiveData(std::span<const std::byte> data,
                                      const ArchiveClasses& classes) {
@@ -148,7 +113,7 @@ std::uint64_t KeyedUnarchiver::search(Record& record, std::string_view key) {
 
 void KeyedUnarchiver::recognizeLayout(Record& record) {
     const std::string_view layout = reader_.keyReferences(record.dictionary);
-    Class& type = *record.type;
+    ArchivedClass& type = *record.type;
     if (type.layoutNumber == 0 || layout != type.layout) {
         type.layout = layout;
         type.places.clear();
@@ -247,7 +212,10 @@ SharedText KeyedUnarchiver::decodeText(ArchiveKey key) {
 }
 
 std::optional<URL> KeyedUnarchiver::decodeURL(ArchiveKey key) {
-    const URL* url = valueIn(slotUnder(key)).url();
+    const std::uint64_t number = find(key);
+    if (number == kNothing) return std::nullopt;
+    const bool isKnown = number == filedUnder_.objectNumber && !failed_;
+    const URL* url = (isKnown ? *filedUnder_.key : valueIn(slotAt(number))).url();
     return url ? std::optional(*url) : std::nullopt;
 }
 
@@ -400,7 +368,7 @@ Value KeyedUnarchiver::decodeRecord(Record& record) {
 
 // Classes ---------------------------------------------------------------------------------------
 
-KeyedUnarchiver::Class* KeyedUnarchiver::classOf(Record& record) {
+ArchivedClass* KeyedUnarchiver::classOf(Record& record) {
     const std::uint64_t count = record.dictionary.count;
     Slot slot = 0;
     // Most writers put the class last, some first; the search wraps around to the others.
@@ -419,13 +387,13 @@ KeyedUnarchiver::Class* KeyedUnarchiver::classOf(Record& record) {
     if (recent.second && recent.first == slot) return recent.second;
     auto [entry, isNew] = classOfSlot_.try_emplace(slot);
     if (isNew) entry->second = readClass(slot);
-    Class* type = entry->second.get();
+    ArchivedClass* type = entry->second.get();
     if (!type) fail();
     recent = {slot, type};
     return type;
 }
 
-std::unique_ptr<KeyedUnarchiver::Class> KeyedUnarchiver::readClass(Slot slot) {
+std::unique_ptr<ArchivedClass> KeyedUnarchiver::readClass(Slot slot) {
     Record description{reader_.object(objectIn(slot))};
     if (description.dictionary.kind != Kind::Dictionary) return nullptr;
     std::vector<SharedText> names;
@@ -440,7 +408,7 @@ std::unique_ptr<KeyedUnarchiver::Class> KeyedUnarchiver::readClass(Slot slot) {
     }
     if (names.empty() || failed_) return nullptr;
 
-    auto type = std::make_unique<Class>();
+    auto type = std::make_unique<ArchivedClass>();
     type->name = names.front();
     for (const SharedText& candidate : names)
         if (type->shape == Shape::Unknown) type->recognize(candidate.view(), classes_);
@@ -483,34 +451,65 @@ Value KeyedUnarchiver::nestedDay(Record& record) {
     return EXDateOnly::withIntegerValue(packed != kNothing ? numberAt(packed).integerValue() : 0);
 }
 
-std::optional<KeyedUnarchiver::Items> KeyedUnarchiver::nestedItems(Record& record, ArchiveKey key) {
-    const Object array = reader_.object(findIn(record, key));
-    if (array.kind != Kind::Array || !charge(kContentCost * array.count)) {
-        fail();
-        return std::nullopt;
-    }
+void KeyedUnarchiver::prefetchSlots(const Object& list, std::uint64_t current) const {
+    const auto ahead = [&](unsigned steps) {
+        const std::uint64_t i = current + steps * kLookAhead;
+        return i < list.count ? reader_.reference(list, i) : kNothing;
+    };
+    reader_.prefetchPlace(ahead(3));
+    reader_.prefetchObject(ahead(2));
+    const Slot slot = reader_.uid(ahead(1));
+    if (slot < objects_.count) platform::prefetch(&valueOfSlot_[slot]);
+}
+
+// The list under a key, whose elements are slots.
+KeyedUnarchiver::Object KeyedUnarchiver::listIn(Record& record, ArchiveKey key) {
+    const Object list = reader_.object(findIn(record, key));
+    if (list.kind != Kind::Array || !charge(kContentCost * list.count)) fail();
+    return list;
+}
+
+inline const Value& KeyedUnarchiver::itemIn(const Object& list, std::uint64_t i) {
+    const Slot slot = slotAt(reader_.reference(list, i));
+    if (slot == 0) fail();
+    return valueIn(slot);
+}
+
+std::optional<KeyedUnarchiver::Items> KeyedUnarchiver::nestedItems(Record& record) {
+    const Object list = listIn(record, archive::kItemsKey);
+    if (failed_) return std::nullopt;
     Items items;
-    items.reserve(array.count);
-    for (std::uint64_t i = 0; i < array.count; ++i) {
-        const Slot slot = slotAt(reader_.reference(array, i));
-        if (slot == 0) fail();
-        items.push_back(&valueIn(slot));
+    items.reserve(list.count);
+    for (std::uint64_t i = 0; i < list.count; ++i) {
+        prefetchSlots(list, i);
+        items.push_back(&itemIn(list, i));
         if (failed_) return std::nullopt;
     }
     return items;
 }
 
 std::optional<KeyedUnarchiver::Entries> KeyedUnarchiver::nestedEntries(Record& record) {
-    auto keys = nestedItems(record, archive::kKeysKey);
-    auto items = nestedItems(record, archive::kItemsKey);
-    if (keys && items && keys->size() == items->size())
-        return Entries{*std::move(keys), *std::move(items)};
-    fail();
-    return std::nullopt;
+    const Object keys = listIn(record, archive::kKeysKey);
+    const Object items = listIn(record, archive::kItemsKey);
+    if (failed_ || keys.count != items.count) return fail(), std::nullopt;
+    Entries entries;
+    entries.keys.reserve(keys.count);
+    for (std::uint64_t i = 0; i < keys.count && !failed_; ++i) {
+        prefetchSlots(keys, i);
+        entries.keys.push_back(&itemIn(keys, i));
+    }
+    entries.items.reserve(items.count);
+    for (std::uint64_t i = 0; i < items.count && !failed_; ++i) {
+        prefetchContent(entries.keys, i);
+        filedUnder_ = {reader_.reference(keys, i), entries.keys[i]};
+        entries.items.push_back(&itemIn(items, i));
+    }
+    filedUnder_ = {};
+    return failed_ ? std::nullopt : std::optional(std::move(entries));
 }
 
 Value KeyedUnarchiver::nestedList(Record& record) {
-    auto items = nestedItems(record, archive::kItemsKey);
+    auto items = nestedItems(record);
     if (!items) return {};
     ValueList list{{}, record.type->growable};
     list.items.reserve(items->size());
@@ -557,7 +556,7 @@ std::optional<KeyedUnarchiver::Items> KeyedUnarchiver::decodeItems(ArchiveKey ke
     if (slot != 0 && slot == emptyList_) return Items();
     Record record;
     if (!beginContainer(slot, record, false)) return std::nullopt;
-    auto items = nestedItems(record, archive::kItemsKey);
+    auto items = nestedItems(record);
     endContainer(slot, record);
     if (items && items->empty()) emptyList_ = slot;
     return items;

@@ -5,6 +5,7 @@
 #include "corvane/platform/ArchiveKey.h"
 #include "corvane/platform/Arena.h"
 #include "corvane/platform/LargeBlocks.h"
+#include "corvane/platform/Prefetch.h"
 #include "corvane/platform/PropertyListReader.h"
 #include "corvane/platform/Value.h"
 
@@ -13,6 +14,7 @@
 #include <deque>
 #include <map>
 #include <memory>
+#include <memory_resource>
 #include <optional>
 #include <span>
 #include <string>
@@ -23,6 +25,8 @@
 #include <vector>
 
 namespace corvane::platform {
+
+struct ArchivedClass;
 
 /// Archives are read by the static operations; an instance exists only while one of them runs, and
 /// is what a record's factory reads its keys from. Only what is asked for is decoded.
@@ -78,9 +82,9 @@ class KeyedUnarchiver {
         auto entries = decodeEntries(key);
         if (!entries) return result;
         result.emplace();
-        const std::size_t count = entries->keys.size();
-        for (std::size_t i = 0; i < count; ++i) {
-            if (i + kLookAhead < count) entries->items[i + kLookAhead]->prefetchObject();
+        for (std::size_t i = 0; i < entries->keys.size(); ++i) {
+            prefetchContent(entries->keys, i);
+            prefetchContent(entries->items, i);
             const URL* url = entries->keys[i]->url();
             auto typed = itemAs<T>(*entries->items[i]);
             // Archives written in order fill the map without a search.
@@ -114,8 +118,13 @@ class KeyedUnarchiver {
     };
     // Objects decoded long ago have left the processor's cache; this many are fetched meanwhile.
     static constexpr std::size_t kLookAhead = 8;
+    void prefetchSlots(const Object& list, std::uint64_t current) const;
+    static void prefetchContent(const Items& items, std::size_t current) {
+        if (current + 2 * kLookAhead < items.size())
+            platform::prefetch(items[current + 2 * kLookAhead]);
+        if (current + kLookAhead < items.size()) items[current + kLookAhead]->prefetchContent();
+    }
     static constexpr std::uint64_t kNothing = ~std::uint64_t{0};
-    struct Class;
     struct Record;
 
     KeyedUnarchiver(PropertyListReader reader, std::size_t fileSize, const ArchiveClasses& classes);
@@ -147,8 +156,8 @@ class KeyedUnarchiver {
     const Value& valueInNewSlot(Slot slot);
     Value decodeSlot(Slot slot);
     Value decodeRecord(Record& record);
-    Class* classOf(Record& record);
-    std::unique_ptr<Class> readClass(Slot slot);
+    ArchivedClass* classOf(Record& record);
+    std::unique_ptr<ArchivedClass> readClass(Slot slot);
     Value nestedText(Record& record);
     Value nestedData(Record& record);
     Value nestedURL(Record& record);
@@ -156,7 +165,9 @@ class KeyedUnarchiver {
     Value nestedDay(Record& record);
     Value nestedList(Record& record);
     Value nestedMap(Record& record);
-    std::optional<Items> nestedItems(Record& record, ArchiveKey key);
+    Object listIn(Record& record, ArchiveKey key);
+    const Value& itemIn(const Object& list, std::uint64_t i);
+    std::optional<Items> nestedItems(Record& record);
     std::optional<Entries> nestedEntries(Record& record);
 
     std::optional<Items> decodeItems(ArchiveKey key);
@@ -190,12 +201,19 @@ class KeyedUnarchiver {
     std::vector<const Value*, BlockAllocator<const Value*>>
         valueOfSlot_;  ///< null when new, &inProgress_ while being read
     const Value inProgress_;
-    std::deque<Value> values_;  ///< deques, so that what is in them can be referred to
+    /// The key of the map's entry that is being read. Records mostly hold the URL that they are
+    /// filed under, by the same object.
+    struct {
+        std::uint64_t objectNumber = kNothing;
+        const Value* key = nullptr;
+    } filedUnder_;
+    std::pmr::monotonic_buffer_resource blocks_{largeBlocks()};
+    std::pmr::deque<Value> values_{&blocks_};  ///< deques, so that references to elements stay
     std::vector<std::uint32_t, BlockAllocator<std::uint32_t>>
         textOfObject_;  ///< by object number: index in texts_ + 1
-    std::deque<SharedText> texts_;
-    std::unordered_map<Slot, std::unique_ptr<Class>> classOfSlot_;
-    std::array<std::pair<Slot, Class*>, 8> recentClasses_{};
+    std::pmr::deque<SharedText> texts_{&blocks_};
+    std::unordered_map<Slot, std::unique_ptr<ArchivedClass>> classOfSlot_;
+    std::array<std::pair<Slot, ArchivedClass*>, 8> recentClasses_{};
     Slot emptyList_ = 0;  ///< the slot that was last seen to hold a list without elements
     std::uint64_t classKey_ = kNothing;  ///< the object that was last seen to be the text "$class"
 };

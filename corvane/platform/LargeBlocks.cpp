@@ -7,6 +7,18 @@
 
 namespace corvane::platform {
 
+namespace {
+
+class LargeBlockResource final : public std::pmr::memory_resource {
+    void* do_allocate(std::size_t size, std::size_t) override { return allocateBlock(size); }
+    void do_deallocate(void* block, std::size_t, std::size_t) override { releaseBlock(block); }
+    bool do_is_equal(const memory_resource& other) const noexcept override {
+        return this == &other;
+    }
+};
+
+}  // namespace
+
 void* allocateBlock(std::size_t size) {
     if (size < kLargeBlock) {
         if (void* block = std::malloc(size)) return block;
@@ -21,6 +33,11 @@ void* allocateBlock(std::size_t size) {
 
 void releaseBlock(void* block) noexcept {
     std::free(block);
+}
+
+std::pmr::memory_resource* largeBlocks() {
+    static LargeBlockResource resource;
+    return &resource;
 }
 
 }  // namespace corvane::platform

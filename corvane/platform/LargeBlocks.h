@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <memory_resource>
 
 namespace corvane::platform {
 
@@ -45,5 +46,8 @@ struct BlockAllocator {
         return true;
     }
 };
+
+/// The same for containers that take their memory from a resource. Lives forever.
+std::pmr::memory_resource* largeBlocks();
 
 }  // namespace corvane::platform

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "corvane/platform/BigEndian.h"
+#include "corvane/platform/Prefetch.h"
 #include "corvane/platform/PropertyListFormat.h"
 #include "corvane/platform/SharedText.h"
 
@@ -75,6 +76,15 @@ class PropertyListReader {
         if ((marker & 0xF0) != plist::kUID || size > 8 || offset + size >= tableStart_)
             return kNoUID;
         return readBigEndianWide(begin_ + offset + 1, size);
+    }
+
+    /// Says that the object with this number will be asked for soon: from further away, where it
+    /// lies, and nearer, itself.
+    void prefetchPlace(std::uint64_t number) const {
+        if (number < objectCount_) prefetch(begin_ + tableStart_ + number * offsetSize_);
+    }
+    void prefetchObject(std::uint64_t number) const {
+        if (number < objectCount_) prefetch(begin_ + offsetOf(number));
     }
 
     /// Whether object `number` says that it is a text.

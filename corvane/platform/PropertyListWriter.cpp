@@ -2,6 +2,7 @@
 
 #include "corvane/platform/BigEndian.h"
 #include "corvane/platform/OutputBuffer.h"
+#include "corvane/platform/Prefetch.h"
 #include "corvane/platform/PropertyListFormat.h"
 #include "corvane/platform/TextEncoding.h"
 
@@ -231,7 +232,7 @@ Ref PropertyListWriter::addText(std::string_view text) {
 
 void PropertyListWriter::prefetchText(std::string_view text) const {
     const std::span payload(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
-    __builtin_prefetch(&texts_[hashOf(payload) & (texts_.size() - 1)]);
+    platform::prefetch(&texts_[hashOf(payload) & (texts_.size() - 1)]);
 }
 
 Ref PropertyListWriter::addKey(std::string_view key) {

@@ -6,6 +6,7 @@
 #include "corvane/platform/Archivable.h"
 #include "corvane/platform/Bytes.h"
 #include "corvane/platform/Instant.h"
+#include "corvane/platform/Prefetch.h"
 #include "corvane/platform/SharedText.h"
 #include "corvane/platform/URL.h"
 
@@ -134,10 +135,19 @@ class Value {
     const ValueMap* map() const { return content<ValueMap>(); }
     std::shared_ptr<Archivable> object() const;
 
-    /// Says that the record, if there is one, will be looked at soon.
-    void prefetchObject() const {
-        if (auto* object = std::get_if<std::shared_ptr<Archivable>>(&box_))
-            __builtin_prefetch(object->get());
+    /// Says that the record, URL or text, if there is one, will be looked at, copied or released
+    /// soon.
+    void prefetchContent() const {
+        if (auto* object = std::get_if<std::shared_ptr<Archivable>>(&box_)) {
+            // Its count lies in front of it, where it was made with its count.
+            const auto* record = reinterpret_cast<const char*>(object->get());
+            platform::prefetch(record - 2 * sizeof(void*));
+            platform::prefetch(record);
+        } else if (auto* url = std::get_if<URL>(&box_)) {
+            platform::prefetch(url->sharedText().identity());
+        } else if (auto* text = std::get_if<SharedText>(&box_)) {
+            platform::prefetch(text->identity());
+        }
     }
 
     /// The record as a T, or null where the box holds anything else.
