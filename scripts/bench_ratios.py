@@ -33,12 +33,13 @@ ITEMS = {"parseQuery": "parameters", "percentPlusEncode": "parameters", "isEmpty
 # at most so many times the time of the next smaller size; at most so many milliseconds, or bytes a
 # row.
 PROMISED_ROWS = 10_000
-LEAST_RATIOS = {("tableShow", "delegateListShow"): 0.5, ("tableShow", "widgetListShow"): 20,
+LEAST_RATIOS = {("fileToRecords", "fileToTreeOfLibplist"): 5,
+                ("tableShow", "delegateListShow"): 0.5, ("tableShow", "widgetListShow"): 20,
                 ("tableDown", "delegateListDown"): 1, ("tableInsert", "delegateListInsert"): 1,
                 ("tableRemove", "delegateListRemove"): 1, ("tableMove", "delegateListMove"): 1,
                 ("tableFilter", "delegateListFilter"): 1,
                 ("galleryStart", "bareWindowStart"): 0.66}
-MOST_GROWTH = {"tableShow": 7, "tableWheel": 1.3}
+MOST_GROWTH = {"tableShow": 7, "tableWheel": 1.3, "fileToRecords": 12, "recordsToFile": 12}
 MOST_MILLISECONDS = {"tableRangeLogic": 1, "tableExtendLogic": 1, "fieldTyping": 1}
 MOST_BYTES = {"tableHeap": 1024}
 

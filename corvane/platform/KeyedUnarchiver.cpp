@@ -34,7 +34,7 @@ struct KeyedUnarchiver::Record {
     ArchivedClass* type = nullptr;
     std::size_t asked = 0;      ///< keys asked for so far, while the layout of the class holds
     unsigned layoutNumber = 0;  ///< the class's when reading began; 0 without a class
-    const Value* valueBefore = nullptr;  ///< what the slot held when a container was begun
+    DecodedSlot slotBefore{};   ///< what was known when a container was begun
 };
 
 KeyedUnarchiver::KeyedUnarchiver(PropertyListReader reader, std::size_t fileSize,
@@ -60,6 +60,7 @@ Value KeyedUnarchiver::unarchiveData(std::span<const std::byte> data,
 Value KeyedUnarchiver::unarchiveFile(const std::string& path, const ArchiveClasses& classes) {
     auto file = MappedFile::open(path);
     if (!file) return {};
+    file->fetch();
     return unarchiveData(file->bytes(), classes);
 }
 
@@ -147,8 +148,8 @@ inline KeyedUnarchiver::Slot KeyedUnarchiver::slotUnder(ArchiveKey key) {
 inline const Value& KeyedUnarchiver::valueIn(Slot slot) {
     static const Value absent;
     if (failed_ || slot == 0) return absent;
-    const Value* known = valueOfSlot_[slot];
-    return known && known != &inProgress_ ? *known : valueInNewSlot(slot);
+    const Value* known = slots_[slot].value();
+    return known ? *known : valueInNewSlot(slot);
 }
 
 // A number in place, or a number object that a writer stored as any other object.
@@ -180,7 +181,7 @@ bool KeyedUnarchiver::readFrame() {
 
 Value KeyedUnarchiver::readRoot() {
     if (!readFrame()) return {};
-    valueOfSlot_.resize(objects_.count);
+    slots_.resize(objects_.count);
     textOfObject_.resize(reader_.objectCount());
     const Value& root = valueIn(root_);
     return failed_ ? Value() : root;
@@ -295,10 +296,13 @@ const SharedText& KeyedUnarchiver::textOf(std::uint64_t objectNumber) {
 // they need no value of their own.
 SharedText KeyedUnarchiver::textIn(Slot slot) {
     if (failed_ || slot == 0) return {};
+    if (const SharedText* known = slots_[slot].text()) return *known;
     const std::uint64_t number = objectIn(slot);
     if (reader_.isAnyText(number)) {
         const SharedText& text = textOf(number);
-        return text.view() == archive::kNullText ? SharedText() : text;
+        if (failed_ || text.view() == archive::kNullText) return {};
+        if (slots_[slot].isNew()) slots_[slot] = DecodedSlot(text);
+        return text;
     }
     const SharedText* text = valueIn(slot).sharedText();
     return text ? *text : SharedText();
@@ -306,13 +310,12 @@ SharedText KeyedUnarchiver::textIn(Slot slot) {
 
 const Value& KeyedUnarchiver::valueInNewSlot(Slot slot) {
     static const Value absent;
-    if (valueOfSlot_[slot] == &inProgress_ || ++depth_ > archive::kDeepestNesting)
-        return fail(), absent;
-    valueOfSlot_[slot] = &inProgress_;
+    if (slots_[slot].isInProgress() || ++depth_ > archive::kDeepestNesting) return fail(), absent;
+    slots_[slot] = DecodedSlot::inProgress();
     Value value = decodeSlot(slot);
     --depth_;
     const Value& kept = values_.emplace_back(std::move(value));
-    valueOfSlot_[slot] = &kept;
+    slots_[slot] = DecodedSlot(kept);
     return kept;
 }
 
@@ -459,7 +462,7 @@ void KeyedUnarchiver::prefetchSlots(const Object& list, std::uint64_t current) c
     reader_.prefetchPlace(ahead(3));
     reader_.prefetchObject(ahead(2));
     const Slot slot = reader_.uid(ahead(1));
-    if (slot < objects_.count) platform::prefetch(&valueOfSlot_[slot]);
+    if (slot < objects_.count) platform::prefetch(&slots_[slot]);
 }
 
 // The list under a key, whose elements are slots.
@@ -538,15 +541,15 @@ bool KeyedUnarchiver::beginContainer(Slot slot, Record& record, bool wantsMap) {
         valueIn(slot);  // for its faults: what it holds is not wanted here
         return false;
     }
-    if (valueOfSlot_[slot] == &inProgress_ || depth_ >= archive::kDeepestNesting) return fail();
-    record.valueBefore = std::exchange(valueOfSlot_[slot], &inProgress_);
+    if (slots_[slot].isInProgress() || depth_ >= archive::kDeepestNesting) return fail();
+    record.slotBefore = std::exchange(slots_[slot], DecodedSlot::inProgress());
     ++depth_;
     recognizeLayout(record);
     return true;
 }
 
 void KeyedUnarchiver::endContainer(Slot slot, const Record& record) {
-    valueOfSlot_[slot] = record.valueBefore;
+    slots_[slot] = record.slotBefore;
     --depth_;
 }
 

@@ -4,6 +4,7 @@
 #include "corvane/platform/ArchiveClasses.h"
 #include "corvane/platform/ArchiveKey.h"
 #include "corvane/platform/Arena.h"
+#include "corvane/platform/DecodedSlot.h"
 #include "corvane/platform/LargeBlocks.h"
 #include "corvane/platform/Prefetch.h"
 #include "corvane/platform/PropertyListReader.h"
@@ -198,9 +199,7 @@ class KeyedUnarchiver {
     bool failed_ = false;
     std::uint64_t budget_;
 
-    std::vector<const Value*, BlockAllocator<const Value*>>
-        valueOfSlot_;  ///< null when new, &inProgress_ while being read
-    const Value inProgress_;
+    std::vector<DecodedSlot, BlockAllocator<DecodedSlot>> slots_;
     /// The key of the map's entry that is being read. Records mostly hold the URL that they are
     /// filed under, by the same object.
     struct {

@@ -54,6 +54,15 @@ bool MappedFile::map(int file, std::size_t size) {
     return true;
 }
 
+void MappedFile::fetch() const {
+#ifdef MADV_POPULATE_READ
+    // Without effect on older systems, where the first touch does it.
+    if (mapping_)
+        ::madvise(const_cast<std::byte*>(mapping_.get()), mapping_.get_deleter().size,
+                  MADV_POPULATE_READ);
+#endif
+}
+
 // Reads to the end whatever size was announced: the kernel's own files announce 0.
 bool MappedFile::read(int file, std::size_t expectedSize) {
     std::size_t filled = 0;

@@ -23,6 +23,10 @@ class MappedFile {
     /// pipe or a device.
     static std::optional<MappedFile> open(const std::string& path, Error* error = nullptr);
 
+    /// Says that nearly all of it will be read: the system then fetches it in one go, instead of a
+    /// few pages at each first touch.
+    void fetch() const;
+
     /// The content; empty for an empty file. Stays in place when the view is moved.
     std::span<const std::byte> bytes() const {
         if (mapping_) return {mapping_.get(), mapping_.get_deleter().size};
