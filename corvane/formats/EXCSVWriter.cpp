@@ -1,6 +1,7 @@
 #include "corvane/formats/EXCSVWriter.h"
 
 #include "corvane/formats/TextBuffer.h"
+#include "corvane/platform/BackgroundSink.h"
 #include "corvane/platform/Console.h"
 #include "corvane/platform/FileReplacement.h"
 #include "corvane/platform/Prefetch.h"
@@ -20,7 +21,7 @@ constexpr std::string_view kTerminator = "\x1C\n";
 constexpr std::string_view kQuote = "\"";
 
 /// Asked for before the first of them is written, so that they come from memory at one time.
-constexpr std::size_t kRowsAtOnce = 32;
+constexpr std::size_t kRowsAtOnce = 16;
 
 void putQuoted(TextBuffer& buffer, std::string_view separator, std::string_view text) {
     auto quote = text.find(kQuote);
@@ -51,7 +52,7 @@ void fetch(std::string_view text) {
 }
 
 void read(Field& field, const EXKeyValueRows& rows, std::size_t index, std::string_view key) {
-    field.text = rows.heldTextForKey(key, index);
+    std::construct_at(&field.text, rows.heldTextForKey(key, index));
     if (!field.text) {
         field.value = rows.valueForKey(key, index);
         field.text = field.value.text();
@@ -130,7 +131,8 @@ bool EXCSVWriter::writeKeyValueRows(const EXKeyValueRows* rows, ColumnKeys colum
     auto& console = platform::currentConsole();
     if (console.showsTraces()) trace(console, *rows, *columnKeys);
     const auto content = [&](platform::ByteSink& sink) {
-        return writeText(sink, *rows, *columnKeys);
+        platform::BackgroundSink background(sink);
+        return writeText(background, *rows, *columnKeys) && background.finish();
     };
     return !platform::replaceFileInPieces(*path, content, platform::Durability::Rename);
 }
