@@ -21,7 +21,7 @@ constexpr std::string_view kTerminator = "\x1C\n";
 constexpr std::string_view kQuote = "\"";
 
 /// Asked for before the first of them is written, so that they come from memory at one time.
-constexpr std::size_t kRowsAtOnce = 16;
+constexpr std::size_t kRowsAtOnce = 32;
 
 void putQuoted(TextBuffer& buffer, std::string_view separator, std::string_view text) {
     auto quote = text.find(kQuote);
@@ -52,7 +52,7 @@ void fetch(std::string_view text) {
 }
 
 void read(Field& field, const EXKeyValueRows& rows, std::size_t index, std::string_view key) {
-    std::construct_at(&field.text, rows.heldTextForKey(key, index));
+    field.text = rows.heldTextForKey(key, index);
     if (!field.text) {
         field.value = rows.valueForKey(key, index);
         field.text = field.value.text();

@@ -38,7 +38,8 @@ class CVAction {
     CVAction& operator=(const CVAction&) = delete;
 
     /// Passes on to a sub-action when the sender is the segmented control that shows them: to the
-    /// one at the place of its selected segment. Else nothing.
+    /// one at the place of its selected segment. Else nothing. A circle of sub-actions ends after
+    /// a few rounds.
     virtual void actionInvoked(const Sender& sender);
 
     /// Whether the action can be invoked now.

@@ -4,10 +4,10 @@
 #include "corvane/platform/AddressTable.h"
 #include "corvane/platform/Archivable.h"
 #include "corvane/platform/ArchiveKey.h"
+#include "corvane/platform/ArchiverLookAhead.h"
 #include "corvane/platform/Bytes.h"
 #include "corvane/platform/Error.h"
 #include "corvane/platform/FileReplacement.h"
-#include "corvane/platform/Prefetch.h"
 #include "corvane/platform/PropertyListWriter.h"
 #include "corvane/platform/Value.h"
 
@@ -136,7 +136,7 @@ class KeyedArchiver {
         const Slot slot = beginContainer();
         std::vector<Slot> items;
         items.reserve(list.size());
-        forEach(list, [&](const auto& item) { items.push_back(slotOfItem(item)); });
+        lookAhead().forEach(list, [&](const auto& item) { items.push_back(slotOfItem(item)); });
         if (isShared) emptyListSlot_ = slot;
         return endList(slot, items, growth);
     }
@@ -148,95 +148,14 @@ class KeyedArchiver {
         std::vector<Slot> items;
         keys.reserve(map.size());
         items.reserve(map.size());
-        forEach(map, [&](const auto& entry) {
+        lookAhead().forEach(map, [&](const auto& entry) {
             keys.push_back(slotOfItem(entry.first));
             items.push_back(slotOfItem(entry.second));
         });
         return endMap(slot, keys, items, growth);
     }
 
-    // Large containers have their elements all over memory. Those that come next are fetched
-    // meanwhile: first they themselves, then what they refer to, then the places in the tables
-    // where all of that is known.
-    static constexpr std::ptrdiff_t kFarAhead = 8;
-    static constexpr std::ptrdiff_t kHalfwayAhead = 5;
-    static constexpr std::ptrdiff_t kNearAhead = 3;
-
-    template <class Container, class Use>
-    void forEach(const Container& container, Use use) {
-        const auto end = container.end();
-        const auto ahead = [&](std::ptrdiff_t steps) {
-            return std::next(container.begin(), std::min(std::ssize(container), steps));
-        };
-        auto far = ahead(kFarAhead);
-        auto halfway = ahead(kHalfwayAhead);
-        auto near = ahead(kNearAhead);
-        for (const auto& item : container) {
-            if (far != end) prefetchItem(*far++);
-            if (halfway != end) prefetchContent(*halfway++);
-            if (near != end) prefetchPlaces(*near++);
-            use(item);
-        }
-    }
-
-    static void prefetchText(const SharedText& text) {
-        constexpr std::ptrdiff_t kLine = 64;
-        const auto* memory = static_cast<const char*>(text.identity());
-        for (std::ptrdiff_t line = 0; memory && line < 3; ++line)
-            platform::prefetch(memory + line * kLine);
-    }
-
-    void prefetchItem(const Value&) const {}
-    void prefetchContent(const Value&) const {}
-    void prefetchPlaces(const Value&) const {}
-
-    void prefetchItem(const URL& url) const { prefetchText(url.sharedText()); }
-    void prefetchContent(const URL& url) const {
-        slotOfObject_.prefetch(url.sharedText().identity());
-    }
-    void prefetchPlaces(const URL& url) const { writer_.prefetchText(url.absoluteString()); }
-
-    template <class T>
-    void prefetchItem(const std::shared_ptr<T>& object) const {
-        const auto* memory = reinterpret_cast<const char*>(object.get());
-        for (std::size_t line = 0; memory && line < sizeof(T); line += 64)
-            platform::prefetch(memory + line);
-    }
-    template <class T>
-    void prefetchContent(const std::shared_ptr<T>& object) const {
-        slotOfObject_.prefetch(object.get());
-        forEachOwnText(object.get(), prefetchText);
-    }
-    template <class T>
-    void prefetchPlaces(const std::shared_ptr<T>& object) const {
-        forEachOwnText(object.get(),
-                       [this](const SharedText& text) { writer_.prefetchText(text.view()); });
-    }
-
-    template <class T, class Use>
-    static void forEachOwnText(const T* object, Use use) {
-        if constexpr (requires { object->ownTexts(); }) {
-            if (!object) return;
-            for (const SharedText* text : object->ownTexts())
-                if (!text->isAbsent()) use(*text);
-        }
-    }
-
-    template <class Key, class T>
-    void prefetchItem(const std::pair<const Key, T>& entry) const {
-        prefetchItem(entry.first);
-        prefetchItem(entry.second);
-    }
-    template <class Key, class T>
-    void prefetchContent(const std::pair<const Key, T>& entry) const {
-        prefetchContent(entry.first);
-        prefetchContent(entry.second);
-    }
-    template <class Key, class T>
-    void prefetchPlaces(const std::pair<const Key, T>& entry) const {
-        prefetchPlaces(entry.first);
-        prefetchPlaces(entry.second);
-    }
+    ArchiverLookAhead lookAhead() const { return {slotOfObject_, writer_}; }
 
     Slot beginContainer();
     Slot endList(Slot slot, std::span<const Slot> items, Growth growth);

@@ -231,6 +231,8 @@ Ref PropertyListWriter::addText(std::string_view text) {
 }
 
 void PropertyListWriter::prefetchText(std::string_view text) const {
+    constexpr std::size_t kLongest = 512;  // more takes longer to hash than its place to come
+    if (text.size() > kLongest) return;
     const std::span payload(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
     platform::prefetch(&texts_[hashOf(payload) & (texts_.size() - 1)]);
 }

@@ -47,6 +47,18 @@ TEST(CVAction, PassesASegmentOnToItsSubAction) {
     EXPECT_FALSE(grid->validateMenuItem(item) || grid->validateToolbarItem(toolbarItem));
 }
 
+TEST(CVAction, EndsACircleOfSubActions) {
+    auto one = std::make_shared<CVAction>("one", 0);
+    auto other = std::make_shared<CVAction>("other", 0);
+    one->setSubActions({other});
+    other->setSubActions({one});
+    views::SegmentedControl segments;
+    segments.setSegments({{"Only", {}}});
+    segments.setSelectedSegment(0);
+    one->actionInvoked(&segments);
+    one->setSubActions({});
+}
+
 TEST(CVAction, MakesAButtonOfItsIcon) {
     CVAction action("add", 0);
     for (const platform::ImagePtr& icon : {platform::ImagePtr(), platform::ImagePtr(new Dot)}) {

@@ -1,0 +1,110 @@
+// Fetches what a keyed archiver will write next while it is still writing something else.
+#pragma once
+
+#include "corvane/platform/AddressTable.h"
+#include "corvane/platform/Prefetch.h"
+#include "corvane/platform/PropertyListWriter.h"
+#include "corvane/platform/SharedText.h"
+#include "corvane/platform/URL.h"
+#include "corvane/platform/Value.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <memory>
+#include <utility>
+
+namespace corvane::platform {
+
+/// Large containers have their elements all over memory, from where they take longer than the
+/// writing itself. First the elements themselves are fetched, then what they refer to, then the
+/// places in the tables where all of that is known. For one thread; holds nothing.
+class ArchiverLookAhead {
+  public:
+    ArchiverLookAhead(const AddressTable& objects, const PropertyListWriter& writer)
+        : objects_(objects), writer_(writer) {}
+
+    /// Calls `use` with each element of a list or map, in order.
+    template <class Container, class Use>
+    void forEach(const Container& container, Use use) const {
+        const auto end = container.end();
+        const auto ahead = [&](std::ptrdiff_t steps) {
+            return std::next(container.begin(), std::min(std::ssize(container), steps));
+        };
+        auto far = ahead(8);
+        auto halfway = ahead(5);
+        auto near = ahead(3);
+        for (const auto& item : container) {
+            if (far != end) fetchItem(*far++);
+            if (halfway != end) fetchContent(*halfway++);
+            if (near != end) fetchPlaces(*near++);
+            use(item);
+        }
+    }
+
+  private:
+    void fetchItem(const Value&) const {}
+    void fetchContent(const Value&) const {}
+    void fetchPlaces(const Value&) const {}
+
+    void fetchItem(const URL& url) const { fetchText(url.sharedText()); }
+    void fetchContent(const URL& url) const { objects_.prefetch(url.sharedText().identity()); }
+    void fetchPlaces(const URL& url) const { writer_.prefetchText(url.absoluteString()); }
+
+    template <class T>
+    void fetchItem(const std::shared_ptr<T>& object) const {
+        if (object) fetchMemory(object.get(), sizeof(T));
+    }
+    template <class T>
+    void fetchContent(const std::shared_ptr<T>& object) const {
+        objects_.prefetch(object.get());
+        forEachOwnText(object.get(), fetchText);
+    }
+    template <class T>
+    void fetchPlaces(const std::shared_ptr<T>& object) const {
+        forEachOwnText(object.get(),
+                       [this](const SharedText& text) { writer_.prefetchText(text.view()); });
+    }
+
+    template <class Key, class T>
+    void fetchItem(const std::pair<const Key, T>& entry) const {
+        fetchItem(entry.first);
+        fetchItem(entry.second);
+    }
+    template <class Key, class T>
+    void fetchContent(const std::pair<const Key, T>& entry) const {
+        fetchContent(entry.first);
+        fetchContent(entry.second);
+    }
+    template <class Key, class T>
+    void fetchPlaces(const std::pair<const Key, T>& entry) const {
+        fetchPlaces(entry.first);
+        fetchPlaces(entry.second);
+    }
+
+    /// Records that have texts of their own say which: ownTexts().
+    template <class T, class Use>
+    static void forEachOwnText(const T* object, Use use) {
+        if constexpr (requires { object->ownTexts(); }) {
+            if (!object) return;
+            for (const SharedText* text : object->ownTexts())
+                if (!text->isAbsent()) use(*text);
+        }
+    }
+
+    static void fetchText(const SharedText& text) {
+        constexpr std::size_t kMost = 192;  // its size is not known before it has come
+        if (!text.isAbsent()) fetchMemory(text.identity(), kMost);
+    }
+
+    static void fetchMemory(const void* start, std::size_t size) {
+        constexpr std::size_t kLine = 64;
+        for (std::size_t at = 0; at < size; at += kLine)
+            prefetch(static_cast<const char*>(start) + at);
+    }
+
+    const AddressTable& objects_;
+    const PropertyListWriter& writer_;
+};
+
+}  // namespace corvane::platform
