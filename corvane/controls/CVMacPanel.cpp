@@ -147,9 +147,11 @@ void CVMacPanel::didMoveToWindow() {
 void CVMacPanel::moveTo(Point origin) {
     const views::Window* window = this->window();
     if (!window) return;
-    const Size room = window->size();
-    setFrame({std::round(within(origin.x, 0, room.width - frame().width)),
-              std::round(within(origin.y, 0, room.height - frame().height)), frame().width,
+    const Size room{window->size().width - frame().width, window->size().height - frame().height};
+    double x = within(origin.x, 0, room.width);
+    // Where the window is too narrow, the side that stays is the one with the button.
+    if (views::isMirrored()) x = std::min(x, room.width);
+    setFrame({std::round(x), std::round(within(origin.y, 0, room.height)), frame().width,
               frame().height});
 }
 

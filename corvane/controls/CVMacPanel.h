@@ -14,8 +14,9 @@ namespace views {
 class Window;
 }  // namespace views
 
-/// Stays within the window. Escape and its button close it; the focus then returns to where it was
-/// when the panel was shown. Made by std::make_shared; the window holds it while it is shown.
+/// Stays within the window; in one that is too small for it, with its button. Escape and the button
+/// close it; the focus then returns to where it was when the panel was shown. As a part of the
+/// window it can be reached by keys (Window::selectNextPart). Made by std::make_shared; the window holds it while it is shown.
 class CVMacPanel final : public views::LayoutableView {
   public:
     /// Null shows an empty panel.

@@ -21,6 +21,8 @@ enum class Command {
     InsertNewline,
     InsertLineBreak,  ///< a new line of the text, even where a plain return ends the editing
     CancelOperation,
+    SelectNextPart,  ///< of the window, when nobody else wanted it
+    SelectPreviousPart,
     Complete,  ///< follows on CancelOperation where nobody wanted that
     SelectAll,
     DeleteForward,

@@ -26,6 +26,7 @@ inline constexpr char32_t kKeyUpArrow = 0xF700;
 inline constexpr char32_t kKeyDownArrow = 0xF701;
 inline constexpr char32_t kKeyLeftArrow = 0xF702;
 inline constexpr char32_t kKeyRightArrow = 0xF703;
+inline constexpr char32_t kKeyF6 = 0xF709;
 inline constexpr char32_t kKeyDeleteForward = 0xF728;
 inline constexpr char32_t kKeyHome = 0xF729;
 inline constexpr char32_t kKeyEnd = 0xF72B;

@@ -106,6 +106,7 @@ bool Window::makeFirstResponder(const std::shared_ptr<View>& view) {
     firstResponder_ = view;
     host().firstResponderDidChange(view);
     if (!view) return true;
+    parts_.focusDidMove(view);
     view->setNeedsDisplay();
     if (!view->becomeFirstResponder() && firstResponder_.lock() == view) {
         firstResponder_.reset();
@@ -147,6 +148,21 @@ bool Window::selectLastKeyViewIn(const View& view) {
     return selectKeyView(lastKeyViewIn(view));
 }
 
+bool Window::selectPart(bool forward) {
+    const auto modal = modalViews_.current();
+    for (const auto& part : parts_.allFrom(firstResponder_.lock().get(), forward)) {
+        auto target = parts_.lastFocusIn(*part);
+        if (!target && !part->isHidden()) target = firstKeyViewIn(*part);
+        if (!target || !modalViews_.admits(*target)) continue;
+        // Once only: whoever keeps the focus may say so to the user.
+        if (!selectKeyView(target)) return false;
+        // What is modal stays below that which was shown above it.
+        if (part != contentView_ && part != modal) part->bringToFront();
+        return true;
+    }
+    return false;
+}
+
 void Window::willRemove(const View& view) {
     if (const auto captured = captured_.lock(); captured && captured->isDescendantOf(view)) {
         captured_.reset();
@@ -164,8 +180,13 @@ void Window::willRemove(const View& view) {
 bool Window::mouseDown(const MouseEvent& event) {
     eventFollowers_.eventHappened();
     captured_.reset();
-    const auto taker =
-        offer(viewAt(event.locationInWindow()), [&](View& view) { return view.mouseDown(event); });
+    const auto press = [&](View& view) { return view.mouseDown(event); };
+    const auto pressed = viewAt(event.locationInWindow());
+    auto taker = offer(pressed, press);
+    // Taking the focus from an editor commits what was typed there, upon which other views may have
+    // come into the places of those before. Then the new one is meant.
+    if (!taker && pressed && pressed->window() != this)
+        taker = offer(viewAt(event.locationInWindow()), press);
     if (taker && taker->window() == this) captured_ = taker;
     return taker != nullptr;
 }
@@ -198,8 +219,10 @@ bool Window::keyDown(const KeyEvent& event) {
     const auto first = firstResponder_.lock();
     const auto modal = modalViews_.current();
     if (offer(first ? first : modal, [&](View& view) { return view.keyDown(event); })) return true;
-    // Whoever has no focus can still be reached by the keyboard.
     const auto command = commandForKey(event);
+    if (command == Command::SelectNextPart && selectPart(true)) return true;
+    if (command == Command::SelectPreviousPart && selectPart(false)) return true;
+    // Whoever has no focus can still be reached by the keyboard.
     const View& within = modal ? *modal : *root_;
     if (!first && command == Command::InsertTab) return selectFirstKeyViewIn(within);
     if (!first && command == Command::InsertBacktab) return selectLastKeyViewIn(within);

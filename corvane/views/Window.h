@@ -7,6 +7,7 @@
 #include "corvane/views/FieldEditor.h"
 #include "corvane/views/ModalViews.h"
 #include "corvane/views/View.h"
+#include "corvane/views/WindowParts.h"
 
 #include <deque>
 #include <memory>
@@ -51,6 +52,11 @@ class Window {
     /// Of those that Tab may stop at, by their order in the tree.
     bool selectFirstKeyViewIn(const View& view);
     bool selectLastKeyViewIn(const View& view);
+    /// From the content to what floats above it, from one to the next and back to the content: to
+    /// where the focus was there last, and to the front with it. False where there is no other
+    /// part that takes the focus, or the present one keeps it.
+    bool selectNextPart() { return selectPart(true); }
+    bool selectPreviousPart() { return selectPart(false); }
     FieldEditor& fieldEditor() { return fieldEditor_; }
     const FieldEditor& fieldEditor() const { return fieldEditor_; }
 
@@ -102,6 +108,7 @@ class Window {
     };
 
     bool selectKeyView(const std::shared_ptr<View>& view);
+    bool selectPart(bool forward);
     /// Of whoever it is, or only within a view.
     bool resignFirstResponder(const View* within, bool evenIfRefused);
 
@@ -112,6 +119,7 @@ class Window {
     std::weak_ptr<View> captured_;  ///< gets what the pointer does until it is released
     FieldEditor fieldEditor_{*this};
     ModalViews modalViews_{*this};
+    WindowParts parts_{*this};
     Rect dirty_;
     std::deque<Sheet> sheets_;
     std::shared_ptr<DragSession> dragSession_;

@@ -194,6 +194,17 @@ TEST_F(FormFixture, HasAnEditorForEachCode) {
     EXPECT_EQ(console.lines, warning);
 }
 
+TEST_F(FormFixture, PressesTheEditorThatAReloadPutsInPlaceOfThePressedOne) {
+    show({{1, "a"}, {1, "b"}, {9}});
+    controller->whenChanged = [&] { form->reload(); };
+    for (const std::int64_t field : {1, 2}) {
+        focus(0);
+        type("x");
+        click(*view(field));
+        EXPECT_EQ(window.fieldEditor().client(), view(field)) << field;
+    }
+}
+
 TEST_F(FormFixture, TellsOfEachValueOnceWhenItIsCommitted) {
     show({{1, "a"}, {2}, {3, 1}, {7, 1}, {8}, {9}, {11}});
     EXPECT_EQ(takeLog(), "load create6,0 set6,0 will create6,0 set6,0 did ");
@@ -534,6 +545,36 @@ TEST_F(ModelForm, TakesValuesSavesForOkAndRestoresForCancel) {
     model->invalidate();
     EXPECT_TRUE(confirmed == 1 && closed == 4);
     EXPECT_FALSE(shown->fieldIsEditable(0, 0)) << "without an object";
+}
+
+TEST_F(ModelForm, ShowsAndTakesNumbersAsTheLocaleHasThem) {
+    const struct {
+        const char* locale;
+        std::int64_t field;
+        const char* typed;
+        EXValue stored;
+        const char* shown;
+    } cases[] = {
+        {"de_DE", 0, "1,5", 1.5, "1,5"},       {"de_DE", 0, "2.5", 2.5, "2,5"},
+        {"de_DE", 0, "1.500", 1500.0, "1500"}, {"de_DE", 1, "12.345", 12345, "12345"},
+        {"ar_EG", 0, "١٢٫٥", 12.5, "١٢٫٥"},    {"ar_EG", 1, "42", 42, "٤٢"},
+        {"fa_IR", 0, "0.25", 0.25, "۰٫۲۵"},
+    };
+    for (const auto& [locale, field, typed, stored, text] : cases) {
+        const platform::ScopedLocale scope{platform::Locale(locale)};
+        record->values.clear();
+        showModel({{EXDetailModelFieldTypeDouble, 0}, {EXDetailModelFieldTypeInteger, 0}});
+        enter(field, typed);
+        EXPECT_EQ(model->valueForFieldAtIndexPath({0, field}), stored) << locale << typed;
+        EXPECT_EQ(valueShown(field), text) << locale << typed;
+        enter(field, "x");  // refused, and shown as it was
+        EXPECT_EQ(valueShown(field), text) << locale << typed;
+        window.endSheet(1000);
+        form->reload();
+        enter(field, text);
+        EXPECT_EQ(model->valueForFieldAtIndexPath({0, field}), stored) << locale << text;
+        EXPECT_EQ(window.sheet(), nullptr);
+    }
 }
 
 TEST_F(ModelForm, ShowsTheDefaultOnlyWhereNothingIsNoChoice) {

@@ -3,6 +3,7 @@
 #include "corvane/controls/CVMacDetailForm.h"
 #include "corvane/controls/CVMacPanel.h"
 #include "corvane/controls/CVMacSheet.h"
+#include "corvane/platform/Locale.h"
 #include "corvane/views/Button.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/TextField.h"
@@ -229,4 +230,86 @@ TEST_F(Sheets, PanelsFloatAndBlockNothing) {
     panel->close();
     EXPECT_EQ(log, "closed closed ");
     std::make_shared<CVMacPanel>("", nullptr)->showInWindow(window);
+}
+
+TEST_F(Sheets, KeysGoFromTheWindowToItsPanelsAndBack) {
+    const auto others = std::make_shared<Fields>();
+    const auto panel = std::make_shared<CVMacPanel>("Panel", inside);
+    const auto other = std::make_shared<CVMacPanel>("Other", others);
+    panel->showInWindow(window);
+    other->showInWindow(window);
+    window.makeFirstResponder(content->last);
+    content->last->setAction([&](auto&) { log += "committed "; });
+    window.keyDown(KeyEvent(std::string("x")));
+    constexpr auto kShift = views::kModifierShift;
+    constexpr auto kControl = views::kModifierCommand;
+    const struct {
+        char32_t key;
+        std::uint64_t flags;
+        std::shared_ptr<views::TextField> field;
+    } steps[] = {
+        {views::kKeyF6, 0, inside->first},
+        {views::kKeyTab, 0, inside->last},
+        {views::kKeyF6, 0, others->first},
+        {views::kKeyF6, kShift, inside->last},
+        {views::kKeyF6, kShift, content->last},
+        {views::kKeyF6, kShift, others->first},
+        {views::kKeyF6, 0, content->last},
+        {views::kKeyTab, kControl, inside->last},
+        {views::kKeyTab, kControl | kShift, content->last},
+        {views::kKeyBacktab, kControl | kShift, others->first},
+    };
+    for (const auto& [way, flags, field] : steps) {
+        EXPECT_TRUE(window.keyDown(KeyEvent(way, flags)));
+        EXPECT_TRUE(hasFocus(field)) << "for key " << static_cast<unsigned>(way);
+        const auto front = window.root().subviews().back();
+        EXPECT_TRUE(field->isDescendantOf(*content) || field->isDescendantOf(*front));
+    }
+    EXPECT_EQ(log, "committed ");
+
+    // A sheet keeps the focus, but not from a panel above it.
+    const auto sheet = makeSheet(std::make_shared<Fields>(), "");
+    sheet->beginInWindow(window);
+    const auto inSheet = window.firstResponder();
+    EXPECT_FALSE(window.keyDown(KeyEvent(views::kKeyF6)));
+    EXPECT_EQ(window.firstResponder(), inSheet);
+    panel->close();
+    panel->showInWindow(window);
+    for (const bool isInPanel : {false, true, false}) {
+        EXPECT_TRUE(window.keyDown(KeyEvent(views::kKeyF6)));
+        EXPECT_EQ(hasFocus(inside->first), isInPanel);
+    }
+    sheet->end();
+
+    // Only to what is there to be seen; and in, from nowhere.
+    other->setHidden(true);
+    window.makeFirstResponder(inside->first);
+    inside->first->setHidden(true);
+    key(views::kKeyF6);
+    EXPECT_TRUE(hasFocus(content->last));
+    key(views::kKeyF6);
+    EXPECT_TRUE(hasFocus(inside->last));
+    panel->close();
+    window.makeFirstResponder(nullptr);
+    key(views::kKeyF6, views::kModifierShift);
+    EXPECT_TRUE(hasFocus(content->last));
+    EXPECT_FALSE(window.keyDown(KeyEvent(views::kKeyF6)));
+}
+
+TEST_F(Sheets, PanelsKeepTheirButtonInAWindowThatIsTooSmall) {
+    for (const char* language : {"en", "ar"}) {
+        const platform::ScopedLocale locale{platform::Locale(language)};
+        const auto panel = std::make_shared<CVMacPanel>("Panel", std::make_shared<Fields>());
+        window.setSize({400, 300});
+        panel->showInWindow(window);
+        window.setSize({120, 20});
+        panel->layoutIfNeeded();
+        panel->subviews().back()->layoutIfNeeded();
+        const auto button = panel->subviews().back()->subviews().front();
+        const auto frame = button->convertToWindow(button->bounds());
+        EXPECT_EQ(button->accessibilityName(), EXLocalizable::localize("Close"));
+        EXPECT_TRUE(frame.x >= 0 && frame.right() <= 120) << language << " " << frame.x;
+        EXPECT_LT(frame.y, 20);
+        panel->close();
+    }
 }

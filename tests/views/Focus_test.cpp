@@ -98,6 +98,20 @@ TEST(Window, LendsItsFieldEditorToTheFieldInFocus) {
     EXPECT_EQ(a->nextValidKeyView(), nullptr);  // a ring that does not come back
 }
 
+TEST(Window, PressesWhatComesIntoThePlaceOfThePressedView) {
+    Form form;
+    auto& [a, b, c] = form.fields;
+    const auto fresh = std::make_shared<TextField>(b->frame());
+    form.onEnd = [&, before = b] {
+        before->removeFromSuperview();
+        form.window.root().addSubview(fresh);
+    };
+    form.window.makeFirstResponder(a);
+    form.type("x");
+    EXPECT_TRUE(form.window.mouseDown(MouseEvent({5, 25})));
+    EXPECT_EQ(form.window.fieldEditor().client(), fresh);
+}
+
 TEST(FieldEditor, EditsByKeys) {
     struct Case {
         const char* keys;  // l r u d: arrows, < > backspace and delete, A all, n newline, or text
