@@ -18,19 +18,13 @@ namespace {
 
 constexpr int kAnimationOfLoading = 5;
 
-/// Paths of one section that follow each other.
-struct Run {
-    IndexPath first;
-    RowCache::Index count = 0;
-};
-
-std::vector<Run> runsOf(const std::vector<CVIndexPath>& paths) {
+std::vector<RowCache::Run> runsOf(const std::vector<CVIndexPath>& paths) {
     std::vector<IndexPath> sorted;
     for (const CVIndexPath& path : paths)
         sorted.push_back(path.toNSIndexPath());
     std::sort(sorted.begin(), sorted.end());
     sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
-    std::vector<Run> runs;
+    std::vector<RowCache::Run> runs;
     for (const IndexPath& path : sorted) {
         const bool follows = !runs.empty() && runs.back().first.section == path.section &&
                              runs.back().first.item + runs.back().count == path.item;
@@ -287,13 +281,9 @@ float CVMacTableView::measure(Cell& cell, double cellWidth) {
 
 void CVMacTableView::insertRowsAtIndexPaths(const Paths& paths, int animation) {
     Paths inserted;
-    for (const auto& [first, count] : runsOf(paths)) {
-        const Index before = rows_.rowCount(first.section);
-        rows_.insertRows(first, count);
-        if (rows_.rowCount(first.section) == before) continue;
+    for (const auto& [first, count] : rows_.insertRuns(runsOf(paths)))
         for (Index row = first.item; row < first.item + count; ++row)
             inserted.emplace_back(first.section, row);
-    }
     // New rows are to be seen until somebody filters again.
     filteredIndexPaths_ = indexPathsOfFilteredRows();
     if (filteredIndexPaths_) filteredIndexPaths_->insert(inserted.begin(), inserted.end());
@@ -301,15 +291,7 @@ void CVMacTableView::insertRowsAtIndexPaths(const Paths& paths, int animation) {
 }
 
 void CVMacTableView::deleteRowsAtIndexPaths(const Paths& paths, int) {
-    keepFocusInTable([&] {
-        const auto runs = runsOf(paths);
-        std::vector<CellPtr> removed;
-        for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
-            auto cells = rows_.removeRows(run->first, run->count);
-            std::move(cells.begin(), cells.end(), std::back_inserter(removed));
-        }
-        takeOut(removed);
-    });
+    keepFocusInTable([&] { takeOut(rows_.removeRuns(runsOf(paths))); });
     setNeedsApplyLayout();
 }
 

@@ -4,7 +4,7 @@
 #include "corvane/table/CVMacTableViewCell.h"
 
 #include <algorithm>
-#include <iterator>
+#include <span>
 #include <utility>
 
 namespace corvane {
@@ -14,6 +14,40 @@ namespace {
 template <class Vector>
 auto at(Vector& vector, RowCache::Index index) {
     return vector.begin() + static_cast<std::ptrdiff_t>(index);
+}
+
+/// From the back, so that everything moves once. The runs fit.
+template <class Vector>
+void openGaps(Vector& rows, std::span<const RowCache::Run> runs) {
+    auto from = static_cast<RowCache::Index>(rows.size());
+    RowCache::Index added = 0;
+    for (const auto& run : runs)
+        added += run.count;
+    rows.resize(rows.size() + static_cast<std::size_t>(added));
+    RowCache::Index to = from + added;
+    for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
+        added -= run->count;
+        const RowCache::Index behind = run->first.item - added;  // as the rows are counted before
+        std::move_backward(at(rows, behind), at(rows, from), at(rows, to));
+        std::fill(at(rows, run->first.item), at(rows, run->first.item + run->count),
+                  typename Vector::value_type());
+        from = behind;
+        to = run->first.item;
+    }
+}
+
+/// Takes the runs out; all of them are there.
+template <class Vector, class Taker>
+void closeGaps(Vector& rows, std::span<const RowCache::Run> runs, const Taker& take) {
+    auto to = at(rows, runs.front().first.item);
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+        const auto end = runs[i].first.item + runs[i].count;
+        std::for_each(at(rows, runs[i].first.item), at(rows, end), take);
+        const auto next =
+            i + 1 < runs.size() ? at(rows, runs[i + 1].first.item) : rows.end();
+        to = std::move(at(rows, end), next, to);
+    }
+    rows.erase(to, rows.end());
 }
 
 }  // namespace
@@ -82,17 +116,40 @@ void RowCache::moveSection(Index from, Index to) {
     renumberSections(std::min(from, to));
 }
 
-bool RowCache::admits(const IndexPath& path) const {
-    return hasSection(path.section) && path.item >= 0 && path.item <= rowCount(path.section);
+template <class Change>
+void RowCache::changeSections(const Runs& runs, const Change& change) {
+    for (auto first = runs.begin(); first != runs.end();) {
+        const Index section = first->first.section;
+        const auto last = std::find_if(
+            first, runs.end(), [&](const Run& run) { return run.first.section != section; });
+        ++revision_;
+        change(*sectionAt(section), std::span(first, last));
+        renumber(section, first->first.item);
+        first = last;
+    }
 }
 
-void RowCache::insertRows(const IndexPath& first, Index count) {
-    if (!admits(first) || count <= 0) return;
-    ++revision_;
-    Section& section = *sectionAt(first.section);
-    section.cells.insert(at(section.cells, first.item), static_cast<std::size_t>(count), nullptr);
-    section.heights.insert(at(section.heights, first.item), static_cast<std::size_t>(count), 0);
-    renumber(first.section, first.item + count);
+std::vector<RowCache::Run> RowCache::insertRuns(const std::vector<Run>& runs) {
+    Runs fitting;
+    Index rows = 0;   // of the section, with those that fit
+    Index least = 0;  // where the next one may begin
+    for (const Run& run : runs) {
+        const auto& [section, row] = run.first;
+        if (!hasSection(section) || run.count <= 0) continue;
+        if (fitting.empty() || fitting.back().first.section != section) {
+            rows = rowCount(section);
+            least = 0;
+        }
+        if (row < least || row > rows) continue;
+        fitting.push_back(run);
+        rows += run.count;
+        least = row + run.count;
+    }
+    changeSections(fitting, [](Section& section, std::span<const Run> inSection) {
+        openGaps(section.cells, inSection);
+        openGaps(section.heights, inSection);
+    });
+    return fitting;
 }
 
 void RowCache::insertRow(const IndexPath& path, const CellPtr& cell, float height) {
@@ -101,17 +158,22 @@ void RowCache::insertRow(const IndexPath& path, const CellPtr& cell, float heigh
     setHeight(path, height);
 }
 
-std::vector<RowCache::CellPtr> RowCache::removeRows(const IndexPath& first, Index count) {
-    if (!contains(first) || count <= 0) return {};
-    ++revision_;
-    Section& section = *sectionAt(first.section);
-    const Index end = std::min(first.item + count, rowCount(first.section));
-    const auto from = at(section.cells, first.item);
-    const auto to = at(section.cells, end);
-    std::vector<CellPtr> removed(std::make_move_iterator(from), std::make_move_iterator(to));
-    section.cells.erase(from, to);
-    section.heights.erase(at(section.heights, first.item), at(section.heights, end));
-    renumber(first.section, first.item);
+std::vector<RowCache::CellPtr> RowCache::removeRuns(const std::vector<Run>& runs) {
+    Runs present;
+    for (const Run& run : runs) {
+        if (!contains(run.first) || run.count <= 0) continue;
+        const bool isFirst =
+            present.empty() || present.back().first.section != run.first.section;
+        if (!isFirst && run.first.item < present.back().first.item + present.back().count) continue;
+        const Index rest = rowCount(run.first.section) - run.first.item;
+        present.push_back({run.first, std::min(run.count, rest)});
+    }
+    std::vector<CellPtr> removed;
+    changeSections(present, [&](Section& section, std::span<const Run> inSection) {
+        closeGaps(section.cells, inSection,
+                  [&](CellPtr& cell) { removed.push_back(std::move(cell)); });
+        closeGaps(section.heights, inSection, [](float) {});
+    });
     return removed;
 }
 

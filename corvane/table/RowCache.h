@@ -30,6 +30,11 @@ class RowCache {
         std::vector<CellPtr> cells;
         std::vector<float> heights;  ///< as many
     };
+    /// Rows of one section that follow each other.
+    struct Run {
+        IndexPath first;
+        Index count = 0;
+    };
 
     Index sectionCount() const { return static_cast<Index>(sections_.size()); }
     /// 0 for a section that does not exist.
@@ -59,9 +64,17 @@ class RowCache {
     void moveSection(Index from, Index to);
 
     /// Rows that are not built. One after the last row is allowed.
-    void insertRows(const IndexPath& first, Index count);
+    void insertRows(const IndexPath& first, Index count) { insertRuns({Run{first, count}}); }
+    /// Many at once, in one pass. The paths are those that the rows have afterwards. Gives the runs
+    /// that there was a place for. Of these and of removeRuns: the runs are in ascending order, and
+    /// one that begins within the one before is left out.
+    std::vector<Run> insertRuns(const std::vector<Run>& runs);
     void insertRow(const IndexPath& path, const CellPtr& cell, float height);
-    std::vector<CellPtr> removeRows(const IndexPath& first, Index count);
+    std::vector<CellPtr> removeRows(const IndexPath& first, Index count) {
+        return removeRuns({Run{first, count}});
+    }
+    /// The paths are those that the rows have before.
+    std::vector<CellPtr> removeRuns(const std::vector<Run>& runs);
     /// The target counts without the row.
     void moveRow(const IndexPath& from, const IndexPath& to);
     void exchangeRows(const IndexPath& a, const IndexPath& b);
@@ -73,9 +86,12 @@ class RowCache {
     const std::vector<CellPtr>& cellsOf(Index section) const {
         return sections_[static_cast<std::size_t>(section)].cells;
     }
+    using Runs = std::vector<Run>;
+    /// Calls `change` for each section with those of the runs that are in it.
+    template <class Change>
+    void changeSections(const Runs& runs, const Change& change);
     void renumber(Index section, Index firstRow);
     void renumberSections(Index first);
-    bool admits(const IndexPath& path) const;
     Section* sectionAt(Index section);
 
     std::vector<Section> sections_;
