@@ -1,5 +1,6 @@
 #include "apps/gallery/NumberField.h"
 
+#include "corvane/platform/NumberText.h"
 #include "corvane/views/Command.h"
 #include "corvane/views/Event.h"
 
@@ -11,20 +12,20 @@ namespace corvane::gallery {
 
 NumberField::NumberField(int value, int least, int greatest, std::function<void(int)> didChange)
     : value_(value), least_(least), greatest_(greatest), didChange_(std::move(didChange)) {
-    setStringValue(std::to_string(value));
+    setStringValue(platform::typedNumberText(std::to_string(value)));
 }
 
 void NumberField::change(int value) {
     value = std::clamp(value, least_, greatest_);
     const bool isOther = value != std::exchange(value_, value);
-    setStringValue(std::to_string(value));
+    setStringValue(platform::typedNumberText(std::to_string(value)));
     if (isOther && didChange_) didChange_(value);
 }
 
 void NumberField::sendAction() {
-    const std::string& text = stringValue();
+    const std::string plain = platform::plainNumber(stringValue()).value_or("");
     int value = value_;
-    std::from_chars(text.data(), text.data() + text.size(), value);
+    std::from_chars(plain.data(), plain.data() + plain.size(), value);
     change(value);
 }
 

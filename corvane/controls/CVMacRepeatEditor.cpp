@@ -2,7 +2,7 @@
 
 #include "corvane/controls/CVMacBitmaskChooser.h"
 #include "corvane/controls/CVMacSegmentedChoice.h"
-#include "corvane/platform/TypedText.h"
+#include "corvane/platform/NumberText.h"
 #include "corvane/views/Command.h"
 #include "corvane/views/Label.h"
 #include "corvane/views/Mirroring.h"
@@ -48,13 +48,17 @@ std::int64_t knownBits(std::int16_t frequency) {
     return (std::int64_t{1} << kCounts[static_cast<std::size_t>(frequency)]) - 1;
 }
 
-/// None for what is no whole number. Digits may be those of any script.
+std::string textOfNumber(std::int64_t number) {
+    return platform::typedNumberText(std::to_string(number));
+}
+
+/// None for what is no whole number.
 std::optional<std::int64_t> numberFromText(std::string_view text) {
-    const platform::TypedText typed(text, platform::LetterCase::Usual);
-    const std::string_view digits = typed.trimmedText();
+    const auto plain = platform::plainNumber(text);
+    if (!plain) return std::nullopt;
     std::int64_t number = 0;
-    const char* const end = digits.data() + digits.size();
-    const auto [stop, problem] = std::from_chars(digits.data(), end, number);
+    const char* const end = plain->data() + plain->size();
+    const auto [stop, problem] = std::from_chars(plain->data(), end, number);
     // A number that is too great for any type is a great one too.
     if (problem == std::errc::result_out_of_range) return CVMacRepeatEditor::kLongestInterval;
     return problem == std::errc() && stop == end ? std::optional(number) : std::nullopt;
@@ -155,7 +159,7 @@ void CVMacRepeatEditor::setInterval(std::int64_t interval) {
     interval = std::clamp<std::int64_t>(interval, 1, std::max(kLongestInterval, storedInterval()));
     const bool changes = interval != storedInterval();
     store(interval, factory_.occurrencesForFrequency(frequency_));
-    interval_->setStringValue(std::to_string(interval));
+    interval_->setStringValue(textOfNumber(interval));
     showUnit(interval);
     if (changes) tellOfChange();
 }
@@ -212,7 +216,7 @@ void CVMacRepeatEditor::setEnabled(bool enabled) {
 
 void CVMacRepeatEditor::showFrequency() {
     const auto interval = storedInterval();
-    interval_->setStringValue(std::to_string(interval));
+    interval_->setStringValue(textOfNumber(interval));
     showUnit(interval);
     const bool isYearly = frequency_ == HGCustomRepeat::kYearly;
     if (frequency_ == HGCustomRepeat::kWeekly) {

@@ -8,6 +8,7 @@
 #include "corvane/controls/DayAndTimeField.h"
 #include "corvane/controls/OutputDateFormatter.h"
 #include "corvane/dates/EXCalendar.h"
+#include "corvane/platform/NumberText.h"
 #include "corvane/views/Label.h"
 #include "corvane/views/TextMeasurer.h"
 #include "corvane/views/TextView.h"
@@ -283,10 +284,11 @@ std::string textOfValue(const EXValue& value) {
         case Kind::Boolean:
             return EXLocalizable::localize(value.booleanValue() ? "Yes" : "No");
         case Kind::Integer:
-            return value.largeInteger() ? fmt::format("{}", value.unsignedValue())
-                                        : fmt::format("{}", value.integerValue());
+            return platform::typedNumberText(value.largeInteger()
+                                                 ? fmt::format("{}", value.unsignedValue())
+                                                 : fmt::format("{}", value.integerValue()));
         case Kind::Real:
-            return fmt::format("{}", value.realValue());
+            return platform::typedNumberText(fmt::format("{}", value.realValue()));
         case Kind::Text:
             return std::string(value.text().value_or(""));
         case Kind::URL:

@@ -65,8 +65,8 @@ class DetailEditor {
     std::shared_ptr<views::View> view_;
 };
 
-/// The value as a user reads it: days and times as the locale has them, numbers as they are typed.
-/// Empty for null, and for what is no single value.
+/// The value as a user reads it: days and times as the locale has them, numbers as they are typed
+/// in it (NumberText.h). Empty for null, and for what is no single value.
 std::string textOfValue(const EXValue& value);
 
 }  // namespace corvane

@@ -2,17 +2,15 @@
 
 #include "corvane/controls/CVMacDetailForm.h"
 #include "corvane/models/CVDetail.h"
-#include "corvane/platform/TypedText.h"
+#include "corvane/platform/NumberText.h"
 #include "corvane/views/EXMacAlertController.h"
 #include "corvane/views/TextMeasurer.h"
 #include "corvane/views/Window.h"
 #include "corvane/vocabulary/EXLocalizable.h"
 
 #include <charconv>
-#include <cmath>
 #include <optional>
 #include <string_view>
-#include <type_traits>
 #include <utility>
 
 namespace corvane {
@@ -70,15 +68,12 @@ std::optional<CVDetailEditorType> typeOfEditor(const Descriptor& field) {
 /// None for a text that is no such number.
 template <class Number>
 std::optional<EXValue> numberIn(std::string_view text) {
-    const platform::TypedText typed(text, platform::LetterCase::Usual);
-    const std::string_view trimmed = typed.trimmedText();
+    const auto plain = platform::plainNumber(text);
+    if (!plain) return std::nullopt;
     Number number{};
-    const char* const end = trimmed.data() + trimmed.size();
-    const auto [stop, problem] = std::from_chars(trimmed.data(), end, number);
-    if (problem != std::errc() || stop != end) return std::nullopt;
-    if constexpr (std::is_floating_point_v<Number>)
-        if (!std::isfinite(number)) return std::nullopt;  // "inf" and "nan" are words
-    return EXValue(number);
+    const char* const end = plain->data() + plain->size();
+    const auto [stop, problem] = std::from_chars(plain->data(), end, number);
+    return problem == std::errc() && stop == end ? std::optional<EXValue>(number) : std::nullopt;
 }
 
 /// What a typed text means for the field; none where it is no value of it.

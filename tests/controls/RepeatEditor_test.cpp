@@ -158,6 +158,15 @@ TEST_F(Repeats, AreEditedPerFrequency) {
     EXPECT_TRUE(grid.isHidden());
     editor->setRepeatForDay(Rule(Rule::kMonthly, 2, 0b11), std::nullopt);
     EXPECT_EQ(editor->repeat(), Rule(Rule::kMonthly, 2, 0b11));
+    {
+        const platform::ScopedLocale arabic{platform::Locale("ar_EG")};
+        editor->setRepeatForDay(Rule(Rule::kMonthly, 1500, 0b11), std::nullopt);
+        EXPECT_EQ(editor->intervalField()->stringValue(), "١٥٠٠");
+        window.makeFirstResponder(editor->intervalField());
+        key(views::kKeyDownArrow);
+        EXPECT_EQ(editor->intervalField()->stringValue(), "١٤٩٩");
+        EXPECT_EQ(editor->repeat().interval(), 1499);
+    }
     editor->didChangeRepeat = [&](const Rule&) { window.setContentView(nullptr); };
     click(*grid.subviews().front());
     EXPECT_EQ(editor->window(), nullptr);
