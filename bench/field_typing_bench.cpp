@@ -1,27 +1,19 @@
 // One letter typed into a date field of a window: until the field, its chooser beside it and their
 // pictures are up to date. Windows are drawn off-screen.
 #include "corvane/controls/CVMacDateField.h"
-#include "corvane/platform/Console.h"
 #include "corvane/platform/Locale.h"
 #include "corvane/qt/HostWidget.h"
 #include "corvane/qt/QtPopOvers.h"
-#include "corvane/qt/QtRunLoop.h"
-#include "corvane/qt/QtTextMeasurer.h"
+
+#include "OffscreenProgram.h"
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QKeyEvent>
-#include <cstdlib>
 #include <memory>
 
 namespace corvane::bench {
 namespace {
-
-class NoConsole final : public platform::Console {
-  public:
-    void writeLine(std::string_view line) override { benchmark::DoNotOptimize(line.data()); }
-};
 
 void settle() {
     for (int i = 0; i < 3; ++i)
@@ -66,15 +58,7 @@ void typing(benchmark::State& state, const char* locale, const char* text) {
 
 int main(int argc, char** argv) {
     using namespace corvane;
-    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    const QApplication application(argc, argv);
-    QApplication::setStyle("fusion");
-    bench::NoConsole console;
-    const platform::ScopedConsole consoleScope(console);
-    qt::QtRunLoop loop;
-    const platform::ScopedMainRunLoop loopScope(loop);
-    qt::QtTextMeasurer measurer;
-    const views::ScopedTextMeasurer measurerScope(measurer);
+    bench::OffscreenProgram program(argc, argv);
     qt::QtPopOvers popOvers;
     const ScopedPopOverPresenter popOverScope(popOvers);
     for (const auto& [locale, text] :
@@ -85,7 +69,5 @@ int main(int argc, char** argv) {
                                          bench::typing(state, locale, text);
                                      })
             ->Unit(benchmark::kMillisecond);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return program.runBenchmarks();
 }

@@ -1,20 +1,16 @@
 // The table in its widget, against Qt's lists of the same rows: from nothing to the first picture,
 // and what a user does to it, repainting included unless the name says "logic". Windows are drawn
 // off-screen.
-#include "corvane/platform/Console.h"
-#include "corvane/qt/QtRunLoop.h"
-#include "corvane/qt/QtTextMeasurer.h"
 #include "corvane/table/CVMacTableViewCell.h"
 #include "corvane/views/Window.h"
 
 #include "HostedTable.h"
+#include "OffscreenProgram.h"
 #include "QtLists.h"
 #include "TaskRecords.h"
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
-#include <cstdlib>
 #include <malloc.h>
 
 namespace corvane::bench {
@@ -30,12 +26,6 @@ constexpr int kKeptHeap = 32 << 20;  ///< the most that mallopt takes for large 
 std::size_t rowsOf(const benchmark::State& state) {
     return static_cast<std::size_t>(state.range(0));
 }
-
-/// Nobody has to read what the table writes about its times; making it is part of the work.
-class NoConsole final : public platform::Console {
-  public:
-    void writeLine(std::string_view line) override { benchmark::DoNotOptimize(line.data()); }
-};
 
 /// That it painted as often as it was to.
 void expectPainting(benchmark::State& state, std::size_t before) {
@@ -218,17 +208,7 @@ int main(int argc, char** argv) {
     // often that happens would depend on which ones ran before.
     ::mallopt(M_TRIM_THRESHOLD, 8 * bench::kKeptHeap);
     ::mallopt(M_MMAP_THRESHOLD, bench::kKeptHeap);
-    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    const QApplication application(argc, argv);
-    QApplication::setStyle("fusion");
-    bench::NoConsole console;
-    const platform::ScopedConsole consoleScope(console);
-    qt::QtRunLoop loop;
-    const platform::ScopedMainRunLoop loopScope(loop);
-    qt::QtTextMeasurer measurer;
-    const views::ScopedTextMeasurer measurerScope(measurer);
+    bench::OffscreenProgram program(argc, argv);
     bench::addAll();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return program.runBenchmarks();
 }

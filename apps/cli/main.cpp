@@ -4,6 +4,7 @@
 #include "corvane/platform/KnownLocales.h"
 #include "corvane/platform/UserDefaultsLocation.h"
 
+#include "apps/ExitCodes.h"
 #include "apps/cli/ArgumentChecks.h"
 #include "apps/cli/BackupsCommand.h"
 #include "apps/cli/Commands.h"
@@ -24,10 +25,6 @@
 namespace corvane::cli {
 
 namespace {
-
-constexpr int kDone = 0;
-constexpr int kFailed = 1;
-constexpr int kWrongUsage = 2;
 
 /// What the command line says, and the command it asks for.
 struct Arguments {

@@ -2,40 +2,24 @@
 
 #include "corvane/controls/CVMacDetailForm.h"
 #include "corvane/controls/DetailModelController.h"
-#include "corvane/platform/Clock.h"
 #include "corvane/platform/Console.h"
-#include "corvane/platform/Locale.h"
-#include "corvane/platform/TimeZone.h"
 #include "corvane/views/Event.h"
 #include "corvane/views/Window.h"
 
 #include "apps/cli/FormText.h"
-#include "apps/document/BackupFile.h"
+
+#include "tests/apps/TaskFixture.h"
 
 #include <gtest/gtest.h>
 
 namespace corvane::cli {
 namespace {
 
-constexpr std::string_view kDocument = R"(<backup version="1">
-<projects><project uri="p:0"><nameRaw>No Project</nameRaw><general>true</general></project>
-</projects><tasks><task uri="t:1"><titleRaw>Pay</titleRaw><statusRaw>Inbox</statusRaw>
-<dueRaw>2026-03-20</dueRaw></task></tasks></backup>)";
-
-struct TaskInForm : testing::Test {
+struct TaskInForm : TaskFixture {
     struct : platform::Console {
         void writeLine(std::string_view) override {}
     } silence;
     platform::ScopedConsole console{silence};
-    platform::FixedClock clock{platform::Instant(std::chrono::seconds(1'772'700'000))};
-    platform::ScopedClock clockScope{clock};
-    platform::ScopedTimeZone zone{*platform::TimeZone::named("UTC")};
-    platform::ScopedLocale locale{platform::Locale("en_US")};
-    platform::ScopedLanguages languages{{"en"}};
-    platform::Error error;
-    std::shared_ptr<backup::BackupDocument> document = std::make_shared<backup::BackupDocument>(
-        *backup::parseBackupDocument(kDocument, "test", &error));
-    std::shared_ptr<TaskDetailModel> model = std::make_shared<TaskDetailModel>(document);
     std::shared_ptr<DetailModelController> controller = DetailModelController::make(model);
     std::shared_ptr<CVMacDetailForm> form = CVMacDetailForm::make(controller);
     views::Window window{{600, 500}};

@@ -1,5 +1,6 @@
 // What holds for the looks of all controls: texts can be read, and layouts are mirrored.
 
+#include "corvane/controls/Contrast.h"
 #include "corvane/platform/Console.h"
 #include "corvane/platform/Files.h"
 #include "corvane/platform/Palette.h"
@@ -87,7 +88,8 @@ TEST_F(LooksTest, anyTextCanBeReadOnAnyGroundOfATheme) {
                 &views::Theme::pressedBackground, &views::Theme::selection,
                 &views::Theme::inactiveSelection};
             const auto expect = [&](Member front, Member ground) {
-                EXPECT_GE(contrast((theme.*front).in(appearance), (theme.*ground).in(appearance)),
+                EXPECT_GE(contrastBetween((theme.*front).in(appearance),
+                                          (theme.*ground).in(appearance)),
                           4.5);
             };
             for (const auto ground : grounds)

@@ -1,3 +1,4 @@
+#include "corvane/controls/Contrast.h"
 #include "corvane/platform/Console.h"
 #include "corvane/platform/Files.h"
 #include "corvane/qt/QtImage.h"
@@ -7,7 +8,7 @@
 #include "apps/gallery/IconSheet.h"
 #include "apps/gallery/Resources.h"
 
-#include "tests/support/Contrast.h"
+#include "tests/support/Blending.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -20,7 +21,6 @@ namespace {
 
 using platform::Appearance;
 using platform::RGBA;
-using tests::contrast;
 using tests::over;
 
 using Icons = Resources::Icons;
@@ -106,10 +106,10 @@ TEST(Palette, hasEveryColorAndIsReadableOnEveryGround) {
         for (const auto& ground : grounds)
             for (const auto& text : {NamedColors::mainTextColor(), NamedColors::tintColor(),
                                      NamedColors::mainDescriptiveColor()})
-                EXPECT_GE(contrast(text.in(appearance), ground), 4.5);
+                EXPECT_GE(contrastBetween(text.in(appearance), ground), 4.5);
         for (const auto& badge : HGCorvaneStyleCollection::categoryColors()) {
-            EXPECT_GE(contrast(badge.in(appearance), {1, 1, 1}), 3);
-            EXPECT_GE(contrast(badge.in(appearance), paper), 3);
+            EXPECT_GE(contrastBetween(badge.in(appearance), {1, 1, 1}), 3);
+            EXPECT_GE(contrastBetween(badge.in(appearance), paper), 3);
         }
     }
     EXPECT_EQ(inForce.palette().colors().size(), NamedColors::allNames().size());

@@ -1,12 +1,13 @@
 // A canvas that keeps the texts drawn on it, each with its place and what lies behind it.
 #pragma once
 
+#include "corvane/controls/Contrast.h"
 #include "corvane/views/Canvas.h"
 #include "corvane/views/Mirroring.h"
 #include "corvane/views/TextMeasurer.h"
 #include "corvane/views/Theme.h"
 
-#include "tests/support/Contrast.h"
+#include "tests/support/Blending.h"
 
 #include <algorithm>
 #include <string>
@@ -27,7 +28,7 @@ struct DrawnText {
 
     double contrastIn(Appearance appearance) const {
         const RGBA behind = ground.in(appearance);
-        return contrast(over(color.in(appearance), behind), behind);
+        return contrastBetween(over(color.in(appearance), behind), behind);
     }
 };
 
