@@ -39,8 +39,13 @@ std::shared_ptr<HGTaskProxy> taskProxyOf(const NewTask& newTask,
 /// A batch would replace another one of the same millisecond. Nobody else adds meanwhile, because
 /// the caller holds the container.
 void waitForFreeName(const HGInsertQueue& queue) {
-    while (platform::MappedFile::open(queue.taskProxiesFilePath().value_or("")))
+    // In real time, as the clock that names the batches may stand still or have been set back.
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+    while (platform::MappedFile::open(queue.taskProxiesFilePath().value_or(""))) {
+        if (std::chrono::steady_clock::now() > end)
+            throw Failure("another task of this very moment is queued already");
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
 }
 
 void requireQueue() {
