@@ -8,7 +8,12 @@
 
 namespace corvane {
 
-/// Has no state.
+/// Has no state; any thread.
+///
+///     // a file as the attachment; destroying it waits for the import
+///     auto file = std::make_shared<platform::FileItemProvider>(
+///         url, platform::TypesByExtension{{"cvbx", "org.corvane.backup"}});
+///     HGImportExtensionHandler().importWithExtensionContext({{{{file}}}}, [](bool success) {});
 class HGImportExtensionHandler {
   public:
     using Completion = std::function<void(bool success)>;

@@ -39,7 +39,8 @@ class HGInsertQueue {
     /// Writes the tasks as one batch. Once it returns true, the batch survives a power cut; a
     /// concurrent poll sees it whole or not at all. False when it could not be written, as before
     /// the main application has ever polled: only polling creates the queue directory. `error`,
-    /// where given, then tells why.
+    /// where given, then tells why. Without tasks it is a batch of none; null ones are passed over
+    /// when it is taken out.
     ///
     /// Two batches of one millisecond have the same name, and the later replaces the earlier.
     bool addTaskProxies(const TaskProxies& taskProxies, platform::Error* error = nullptr) const;

@@ -18,6 +18,9 @@ namespace corvane {
 
 /// A record: held by std::shared_ptr, equal only to itself, however alike the fields (match by
 /// `uriRepresentation`). Filled on one thread, then left unchanged and readable from any.
+///
+/// Absent texts are none. Codes are kept as they are, whether or not the lists of
+/// HGChoiceListFactory, which have their titles, know them.
 class HGTaskProxy final : public platform::Archivable {
   public:
     using AttachmentProxies = std::vector<std::shared_ptr<HGAttachmentProxy>>;
@@ -50,8 +53,8 @@ class HGTaskProxy final : public platform::Archivable {
     std::int16_t repeat() const { return repeat_; }  ///< 0 where the task does not repeat
     std::optional<std::string_view> projectName() const { return projectName_.get(); }
     std::optional<std::string_view> categoryName() const { return categoryName_.get(); }
-    std::int16_t categoryColor() const { return categoryColor_; }
-    std::int16_t categoryIndicator() const { return categoryIndicator_; }
+    std::int16_t categoryColor() const { return categoryColor_; }          ///< code of the colours
+    std::int16_t categoryIndicator() const { return categoryIndicator_; }  ///< of the indicators
     std::optional<std::string_view> contributorName() const { return contributorName_.get(); }
     /// Absent, when decoded from an archive without it, means the same as empty.
     const std::optional<AttachmentProxies>& attachmentProxies() const { return attachmentProxies_; }

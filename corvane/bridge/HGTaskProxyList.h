@@ -15,7 +15,8 @@
 
 namespace corvane {
 
-/// Held by std::shared_ptr. Only the title can change.
+/// Held by std::shared_ptr. Only the title can change. Filled on one thread, then left unchanged
+/// and readable from any.
 class HGTaskProxyList final : public platform::Archivable {
   public:
     using TaskProxies = std::vector<std::shared_ptr<HGTaskProxy>>;
@@ -29,6 +30,7 @@ class HGTaskProxyList final : public platform::Archivable {
                              std::optional<std::string_view> identifier = std::nullopt,
                              std::optional<std::string_view> title = std::nullopt);
 
+    /// Missing keys read as absent.
     explicit HGTaskProxyList(platform::KeyedUnarchiver& coder);
     void encodeWithCoder(platform::KeyedArchiver& coder) const override;
     std::string_view archiveClassName() const override { return kArchiveClassName; }

@@ -18,7 +18,7 @@ inline constexpr std::size_t HGTaskProxyModelSectionStarred = 0;      ///< of th
 inline constexpr std::size_t HGTaskProxyModelSectionDueToday = 1;     ///< of the Today model
 inline constexpr std::size_t HGTaskProxyModelSectionDueTomorrow = 1;  ///< of the Next model
 
-/// Immutable; held by std::shared_ptr.
+/// Immutable, so for any thread; held by std::shared_ptr.
 class HGTaskProxyModel final : public platform::Archivable {
   public:
     using TaskProxyLists = std::vector<std::shared_ptr<HGTaskProxyList>>;
@@ -29,6 +29,7 @@ class HGTaskProxyModel final : public platform::Archivable {
     /// Absent lists make a model without sections.
     explicit HGTaskProxyModel(std::optional<TaskProxyLists> taskProxyLists = std::nullopt);
 
+    /// A missing key reads as absent.
     explicit HGTaskProxyModel(platform::KeyedUnarchiver& coder);
     void encodeWithCoder(platform::KeyedArchiver& coder) const override;
     std::string_view archiveClassName() const override { return kArchiveClassName; }

@@ -1,4 +1,5 @@
-// The months and weekdays that a date may name in a locale, in every spelling that counts.
+// The months and weekdays that a date may name in a locale, in every spelling that counts. A value
+// and functions without state; any thread.
 #pragma once
 
 #include "corvane/dates/NameTable.h"

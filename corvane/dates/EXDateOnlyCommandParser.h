@@ -14,7 +14,10 @@ namespace corvane {
 
 class DateCommandGrammar;
 
-/// Absent text gives nothing. Only the application's names are words for today and tomorrow.
+/// Absent text gives nothing. Weekdays and dates are read as the locale writes them, in no other
+/// language, and the stored form "2024-03-05" only where the locale has it: for that there is
+/// EXDateOnly::dateOnlyFromString. Words for today and tomorrow are the names that the application
+/// has set, one by one or all by takeNamesOfStringTables; without them there are none.
 ///
 ///     // on Saturday, June 15, 2024, in en_US
 ///     EXDateOnlyCommandParser::setTomorrowName("${Tomorrow}");

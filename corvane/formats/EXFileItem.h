@@ -17,8 +17,8 @@ inline constexpr std::string_view EXFileItemFileNameKey = "fileName";
 inline constexpr std::string_view EXFileItemCreatedKey = "created";
 inline constexpr std::string_view EXFileItemModifiedKey = "modified";
 
-/// Held by std::shared_ptr. Knows only where the file is: the times are the file system's at the
-/// moment of asking, and none when there is no file, or no such time.
+/// Held by std::shared_ptr; one thread, that of the list. Knows only where the file is: the times
+/// are the file system's at the moment of asking, and none when there is no file, or no such time.
 class EXFileItem final : public EXKeyValueObject {
   public:
     explicit EXFileItem(std::optional<platform::URL> url = {}) : url_(std::move(url)) {}

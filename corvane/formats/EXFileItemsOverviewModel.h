@@ -1,4 +1,5 @@
-// The files of a directory as one section of a list, such as the user's backups.
+// The files of a directory as one section of a list, such as the user's backups. One thread, as for
+// every overview model.
 #pragma once
 
 #include "corvane/formats/EXFileItem.h"

@@ -17,7 +17,8 @@ namespace corvane {
 /// Every operation tells whether the text has the form asked for, and then stores the value where a
 /// place is given; else it leaves the place alone.
 ///
-/// Plain values need a text. The others take the empty one as no value, and store none.
+/// Plain values need a text. The others, whose place is an optional, take the empty one as no
+/// value, and store none.
 ///
 ///     std::optional<std::int64_t> number;
 ///     EXXMLScanner(" 12abc\n").scanInt64NumberContent(&number)      // true, 12

@@ -31,8 +31,8 @@ class TextBuffer;
 /// take what was collected so far, and while the writer is closed. That everything went out, only
 /// close() and flush() tell.
 ///
-/// A document that replaces another one is streamed into the exchange of files, which leaves the
-/// old one where anything fails:
+/// A document that replaces another one is streamed into the exchange of files
+/// (platform/FileReplacement.h), which leaves the old one where anything fails:
 ///
 ///     platform::replaceFileInPieces(path, [&](platform::ByteSink& sink) {
 ///         EXXMLWriter writer(sink);

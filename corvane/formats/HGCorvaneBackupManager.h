@@ -1,4 +1,5 @@
-// The names under which the application keeps its backups.
+// The names under which the application keeps its backups. Constants and a function without state;
+// any thread. docs/formats/backup-document.md describes what is in them.
 #pragma once
 
 #include "corvane/bridge/BackupFileType.h"

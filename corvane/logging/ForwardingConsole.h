@@ -27,6 +27,10 @@ LineKind lineKind(std::string_view line, Level other);
 /// Logs each line and shows some of them on another console, as they are. To be put in force with a
 /// ScopedConsole. Lines from the outputs' own threads, such as that the disk is full, are only
 /// shown.
+///
+///     // no traces: errors and warnings alone
+///     logging::ForwardingConsole console(platform::currentConsole(), logging::kUpToWarning);
+///     const platform::ScopedConsole scope(console);
 class ForwardingConsole final : public platform::Console {
   public:
     /// `beyond` must outlive this. `shown` are the levels whose lines it gets.

@@ -32,7 +32,7 @@ inline constexpr std::string_view CVPasteboardTypeIndexPath = "org.corvane.index
 
 /// A value of section and row, ordered by section, then row. The text belongs to the one path that
 /// it was given to, not to its value: it moves with that path, and copies, comparisons and archives
-/// leave it out.
+/// leave it out. Sections and rows count from 0; nothing checks them.
 ///
 ///     CVIndexPath path(2, 5);                                // section, row
 ///     path.setPasteboardText("Water the plants");

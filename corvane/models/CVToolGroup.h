@@ -11,6 +11,7 @@ namespace corvane {
 
 class CVTool;
 
+/// Held by a shared pointer.
 class CVToolGroup {
   public:
     CVToolGroup(std::string identifier, std::string label)

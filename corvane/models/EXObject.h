@@ -12,7 +12,8 @@ namespace corvane {
 
 /// A handle that keeps its object alive and knows nothing of it but its identity and its class. Two
 /// handles are equal when they lead to one object, whatever it contains. Records, files, and parts
-/// of a larger value alike: a part shares the ownership of the whole.
+/// of a larger value alike: a part shares the ownership of the whole. Handles may be copied on any
+/// thread; on which the object may be used is its own matter.
 ///
 ///     auto task = std::make_shared<HGTaskProxy>();
 ///     EXObject object = task;

@@ -31,7 +31,10 @@ namespace corvane {
 /// operation (loadData, unloadData, handlePreloadedData), where data are half there, the inner one
 /// waits until that has returned, and its result is then forgotten in the same way.
 ///
-/// A concrete model overrides the data operations; corvane/testing has a checker for it.
+/// A concrete model overrides the data operations; corvane/testing has a checker for it. What it
+/// leaves to the base class answers with none, 0 or false, or does nothing; an object that is moved
+/// goes where it was to go, and loading succeeds. Of a path that is not there the models here throw
+/// std::out_of_range.
 class EXOverviewModel : public std::enable_shared_from_this<EXOverviewModel> {
   public:
     using IndexPath = platform::IndexPath;

@@ -1,5 +1,5 @@
 // An overview model that has its sections at hand, with their objects: most lists need no more than
-// to fill it.
+// to fill it. One thread, as for every overview model.
 #pragma once
 
 #include "corvane/models/EXOverviewModel.h"

@@ -29,7 +29,8 @@ inline constexpr std::string_view EXPreferencesDidChangeUserPreferenceNotificati
 /// stored at once, in platform::UserDefaults::standard(), and then announced; so are those that
 /// load the fields, whence after a load every setting with a value, a default too, is stored as the
 /// user's. What another process changes meanwhile is not overwritten by that. A field without a
-/// descriptor is neither stored nor loaded.
+/// descriptor is neither stored nor loaded. A load writes a line for every setting to the console,
+/// for developers.
 ///
 ///     class ListPreferences : public EXPreferences {
 ///       public:

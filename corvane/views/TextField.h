@@ -28,7 +28,8 @@ class TextFieldDelegate {
 };
 
 /// Edited while it is the first responder, by the window's field editor. Text that was changed is
-/// sent (the action) when editing ends, after the delegate was told.
+/// sent (the action) when Return is pressed, which goes on editing, and when editing ends, after
+/// the delegate was told. A field that makes something of its text overrides sendAction.
 class TextField : public Control {
   public:
     using Control::Control;
