@@ -2,6 +2,7 @@
 
 #include "corvane/qt/PasteboardMime.h"
 #include "corvane/qt/QtCanvas.h"
+#include "corvane/views/Mirroring.h"
 
 #include <QDrag>
 #include <QMimeData>
@@ -36,6 +37,11 @@ Underway& underway() {
     return drag;
 }
 
+/// Where the picture begins in a view that is wider: texts begin there.
+double leftOfPicture(const views::View& view) {
+    return views::isMirrored() ? std::max(0.0, view.frame().width - kMostWidth) : 0;
+}
+
 }  // namespace
 
 Qt::DropActions actionsOf(DragOperation operations) {
@@ -62,6 +68,10 @@ DragOperation operationOf(Qt::DropAction action) {
 
 Qt::DropAction actionFor(DragOperation operation, Qt::DropActions possible) {
     if (operation == views::kDragOperationNone) return Qt::IgnoreAction;
+    // What is "generic" moves things within this program. Another one would delete what it gave.
+    const bool isForeign = !currentDragSession();
+    if (isForeign && operation == views::kDragOperationGeneric && possible & Qt::CopyAction)
+        return Qt::CopyAction;
     const Qt::DropActions wanted = actionsOf(operation) & possible;
     const Qt::DropActions choice = wanted ? wanted : possible;
     // A copy harms nobody; whatever "generic" means, the source need not lose what it gave.
@@ -88,8 +98,10 @@ QPixmap pictureOf(views::View& view, double scale, platform::Appearance appearan
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setOpacity(kOpacity);
+    const double left = leftOfPicture(view);
+    painter.translate(-left, 0);
     QtCanvas canvas(painter, appearance);
-    view.drawTree(canvas, {0, 0, width, height});
+    view.drawTree(canvas, {left, 0, width, height});
     return picture;
 }
 
@@ -100,7 +112,8 @@ void carryOut(const std::shared_ptr<DragSession>& session, QWidget& source,
     if (session->picture) {
         drag->setPixmap(pictureOf(*session->picture, source.devicePixelRatioF(), appearance));
         const auto grip = session->picture->convertFromWindow(session->start);
-        drag->setHotSpot(QPoint(static_cast<int>(std::clamp(grip.x, 0.0, kMostWidth)),
+        const double x = grip.x - leftOfPicture(*session->picture);
+        drag->setHotSpot(QPoint(static_cast<int>(std::clamp(x, 0.0, kMostWidth)),
                                 static_cast<int>(std::clamp(grip.y, 0.0, kMostHeight))));
     }
     const auto before = std::exchange(underway(), {session});

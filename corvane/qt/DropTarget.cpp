@@ -46,6 +46,8 @@ void DropTarget::begin(const QMimeData& data, QPointF position) {
 }
 
 void DropTarget::enter(QDragEnterEvent& event) {
+    // The program of the drag before may have gone without a word.
+    leave();
     begin(*event.mimeData(), event.position());
     // Taken whatever is below the pointer now: a drag that was refused here never comes again.
     event.setDropAction(actionFor(window_.draggingMoved(*info_), event.possibleActions()));

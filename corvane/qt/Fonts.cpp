@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <vector>
 
 namespace corvane::qt {
@@ -25,7 +26,16 @@ FontFace made(const views::Font& font, const QFont& family) {
 
 const FontFace& fontFace(const views::Font& font) {
     static std::vector<FontFace> faces;
-    static QFont family;
+    static std::optional<QFont> family;
+    // Fonts must not outlive the application, which ends before these do.
+    static const bool isRegistered = [] {
+        qAddPostRoutine([] {
+            faces.clear();
+            family.reset();
+        });
+        return true;
+    }();
+    static_cast<void>(isRegistered);
     const QFont current = QGuiApplication::font();
     if (family != current || faces.size() == kKeptFaces) {
         faces.clear();
@@ -33,7 +43,7 @@ const FontFace& fontFace(const views::Font& font) {
     }
     for (const FontFace& face : faces)
         if (face.font == font) return face;
-    return faces.emplace_back(made(font, family));
+    return faces.emplace_back(made(font, *family));
 }
 
 }  // namespace corvane::qt

@@ -18,6 +18,11 @@ inline QString qString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+/// Of a menu item or a button, where an ampersand would be lost to a mnemonic.
+inline QString titleWithoutMnemonic(std::string_view title) {
+    return qString(title).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
 inline QPointF qPoint(platform::Point point) {
     return {point.x, point.y};
 }

@@ -58,7 +58,8 @@ void HostWidget::windowNeedsDisplay(const platform::Rect& rect) {
     // Thousands of views may ask at once for what is asked for already.
     if (!area.isEmpty() && !awaitsPaint_.contains(area)) {
         awaitsPaint_ |= area;
-        update(area);
+        // With what lies in between, which counts as asked for from then on.
+        update(awaitsPaint_);
     }
     if (!editor_.isEditing() || editorMoves_) return;
     // Whatever moved the field made it draw.
@@ -115,10 +116,10 @@ void HostWidget::pressed(QMouseEvent& event, bool isDoubleClick) {
     const int count =
         clicks_.pressed(isDoubleClick, event.button(), event.position(), event.timestamp());
     const bool onBar = event.button() == Qt::LeftButton && scrollers_.mouseDown(point);
-    if (!onBar) takeFocus(Qt::MouseFocusReason);
-    if (onBar || event.button() != Qt::LeftButton) return;
-    const auto before = window_.fieldEditor().client();
     const QPointer<HostWidget> alive(this);
+    if (!onBar) takeFocus(Qt::MouseFocusReason);
+    if (!alive || onBar || event.button() != Qt::LeftButton) return;
+    const auto before = window_.fieldEditor().client();
     window_.mouseDown(views::MouseEvent(point, count, modifierFlags(event.modifiers())));
     if (!alive) return;
     const auto client = window_.fieldEditor().client();
@@ -138,9 +139,12 @@ void HostWidget::mouseMoveEvent(QMouseEvent* event) {
 
 void HostWidget::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || scrollers_.mouseUp()) return;
+    // A drag that began now would hang on the pointer until the next click.
+    const auto dragged = std::exchange(awaitsDrag_, nullptr);
     if (std::exchange(editorHasPointer_, false)) editor_.forward(*event);
     window_.mouseUp(views::MouseEvent(pointOf(event->position()), clicks_.count(),
                                       modifierFlags(event->modifiers())));
+    if (dragged) dragged->end(views::kDragOperationNone);
 }
 
 void HostWidget::leaveEvent(QEvent*) {
@@ -230,7 +234,7 @@ void HostWidget::keyDown(const views::KeyEvent& event) {
     const bool done = window_.keyDown(event);
     if (!alive) return;
     keysAreTried_ = false;
-    if (moves && !done) focusNextPrevChild(forward);
+    if (moves && !done) return passFocusOn(forward);
     if (scrolls && !done) scrollByKey(window_, event.firstCharacter());
 }
 
@@ -242,9 +246,13 @@ void HostWidget::beep() {
 
 void HostWidget::focusInEvent(QFocusEvent* event) {
     updateActive();
-    if (event->reason() != Qt::TabFocusReason || window_.firstResponder()) return;
+    // Who types must see it.
+    if (editor_.isEditing()) return editor_.takeFocus();
+    const bool forward = event->reason() == Qt::TabFocusReason;
+    const bool backward = event->reason() == Qt::BacktabFocusReason;
+    if ((!forward && !backward) || window_.firstResponder()) return;
     keysAreTried_ = true;
-    window_.keyDown(views::KeyEvent(views::kKeyTab));
+    window_.keyDown(views::KeyEvent(forward ? views::kKeyTab : views::kKeyBacktab));
     keysAreTried_ = false;
 }
 
@@ -253,8 +261,17 @@ void HostWidget::focusOutEvent(QFocusEvent*) {
 }
 
 void HostWidget::takeFocus(Qt::FocusReason reason) {
-    const bool wantsIt = focusPolicy() != Qt::NoFocus;
+    const bool wantsIt = focusPolicy() != Qt::NoFocus && !editor_.isLosingFocus();
     if (wantsIt && !hasFocus() && !editor_.hasFocus()) setFocus(reason);
+}
+
+void HostWidget::passFocusOn(bool forward) {
+    // Seen from the live editor, this widget itself would be the nearest one.
+    const QPointer<HostWidget> alive(this);
+    const auto policy = focusPolicy();
+    setFocusPolicy(Qt::NoFocus);
+    focusNextPrevChild(forward);
+    if (alive) setFocusPolicy(policy);
 }
 
 void HostWidget::updateActive() {
@@ -269,6 +286,10 @@ void HostWidget::firstResponderDidChange(const std::shared_ptr<views::View>& vie
 
 void HostWidget::editingDidBegin(views::TextField& field) {
     editor_.begin(field, appearance_);
+}
+
+void HostWidget::editingWillEnd(views::TextField&) {
+    editor_.finishComposing();
 }
 
 void HostWidget::editingDidEnd(views::TextField&) {
@@ -291,16 +312,21 @@ void HostWidget::showSheet(const views::Alert& alert) {
 void HostWidget::showMenu(const std::shared_ptr<views::Menu>& menu, platform::Point inWindow) {
     auto* shown = qt::showMenu(menu, *this, mapToGlobal(qPoint(inWindow).toPoint()));
     if (shown)
-        connect(shown, &QMenu::triggered, this,
-                [this] { window_.eventFollowers().eventHappened(); });
+        connect(
+            shown, &QMenu::triggered, this, [this] { window_.eventFollowers().eventHappened(); },
+            Qt::QueuedConnection);  // after the item
 }
 
 void HostWidget::beginDragging(const std::shared_ptr<views::DragSession>& session) {
     editorHasPointer_ = false;
+    if (const auto before = std::exchange(awaitsDrag_, session))
+        before->end(views::kDragOperationNone);
     // Not from within the view that began it: the drag runs an event loop of its own.
     QMetaObject::invokeMethod(
         this,
         [this, session] {
+            if (awaitsDrag_ != session) return;
+            awaitsDrag_ = nullptr;
             carryOut(session, *this, appearance_, [this](QDrag& drag, Qt::DropActions possible) {
                 return runDrag(drag, possible);
             });

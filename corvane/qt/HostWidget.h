@@ -60,6 +60,7 @@ class HostWidget : public QWidget, public views::WindowHost {
     void windowNeedsDisplay(const platform::Rect& rect) override;
     void firstResponderDidChange(const std::shared_ptr<views::View>& view) override;
     void editingDidBegin(views::TextField& field) override;
+    void editingWillEnd(views::TextField& field) override;
     void editingDidEnd(views::TextField& field) override;
     void editedTextDidChange(views::TextField& field) override;
     void showSheet(const views::Alert& alert) override;
@@ -73,6 +74,7 @@ class HostWidget : public QWidget, public views::WindowHost {
     void pressed(QMouseEvent& event, bool isDoubleClick);
     void keyDown(const views::KeyEvent& event);
     void takeFocus(Qt::FocusReason reason);
+    void passFocusOn(bool forward);
     void updateActive();
     void updateAppearance();
     void showCursorAt(views::Point point);
@@ -85,7 +87,8 @@ class HostWidget : public QWidget, public views::WindowHost {
     ClickCounter clicks_;
     platform::Appearance appearance_ = platform::Appearance::Light;
     QRect awaitsPaint_;
-    bool editorMoves_ = false;       ///< its place is about to be looked at
+    std::shared_ptr<views::DragSession> awaitsDrag_;  ///< which has not begun yet
+    bool editorMoves_ = false;                        ///< its place is about to be looked at
     bool editorHasPointer_ = false;  ///< from a press that began its editing until the release
     bool keysAreTried_ = false;      ///< a key that nobody wants goes elsewhere, without a sound
 };

@@ -4,6 +4,9 @@
 #include "corvane/qt/ImageResourceName.h"
 #include "corvane/qt/QtImage.h"
 
+#include <QBuffer>
+#include <QFile>
+#include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
 #include <QStandardPaths>
@@ -11,6 +14,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -31,10 +35,40 @@ int centered(double length, double outer) {
     return whole - 2 * static_cast<int>(std::lround((whole - length) / 2));
 }
 
+/// A picture whose size was asked for need not be parsed again for its pixels, once. It has its
+/// bytes in memory: there may be more of them than a program may have files open.
+class OpenPicture {
+  public:
+    explicit OpenPicture(const QString& path) {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly)) return;
+        bytes_.setData(file.readAll());
+        bytes_.open(QIODevice::ReadOnly);
+        reader_.setDevice(&bytes_);
+        reader_.setFormat(QFileInfo(path).suffix().toLower().toLatin1());
+    }
+
+    /// Empty unless there is a plug-in for the file that understands it.
+    QSize size() const { return reader_.size(); }
+    /// Null where it cannot be read. Nothing comes after it.
+    QImage pixels(QSize size) {
+        reader_.setScaledSize(size);
+        return reader_.read();
+    }
+
+  private:
+    QBuffer bytes_;
+    QImageReader reader_;
+};
+
 class FileImage final : public QtImage {
   public:
-    FileImage(double side, QString path, QSize shape, double portion)
-        : QtImage({side, side}), path_(std::move(path)), shape_(shape), portion_(portion) {}
+    FileImage(double side, QString path, std::unique_ptr<OpenPicture> picture, double portion)
+        : QtImage({side, side}),
+          path_(std::move(path)),
+          shape_(picture->size()),
+          portion_(portion),
+          picture_(std::move(picture)) {}
 
   protected:
     void paint(QPainter& painter, double scale, platform::Appearance) const override {
@@ -42,11 +76,9 @@ class FileImage final : public QtImage {
         const double gain = size().width <= kSmallSide ? kSmallGain : 1;
         const double longest = pixels * std::min(portion_ * gain, 1.0);
         const QSizeF shape = QSizeF(shape_).scaled(longest, longest, Qt::KeepAspectRatio);
-        QImageReader reader(path_);
-        reader.setScaledSize(
-            QSize(centered(shape.width(), pixels), centered(shape.height(), pixels))
-                .expandedTo({1, 1}));
-        QImage image = reader.read();
+        const QSize wanted(centered(shape.width(), pixels), centered(shape.height(), pixels));
+        const auto picture = picture_ ? std::move(picture_) : std::make_unique<OpenPicture>(path_);
+        QImage image = picture->pixels(wanted.expandedTo({1, 1}));
         if (image.isNull()) return;
         image.setDevicePixelRatio(scale);
         painter.drawImage(
@@ -58,6 +90,7 @@ class FileImage final : public QtImage {
     QString path_;
     QSize shape_;
     double portion_;
+    mutable std::unique_ptr<OpenPicture> picture_;  ///< until it is first painted
 };
 
 /// "envelope.svg", or "envelope.svg 60%".
@@ -110,10 +143,9 @@ platform::ImagePtr ImageCatalog::imageNamed(std::string_view name) {
     if (entry == entries_.end()) return nullptr;
     for (const auto& directory : directories_) {
         auto path = QString::fromStdString(directory + "/" + entry->second.file);
-        // Its shape is known only if there is a plug-in for the file that understands it.
-        const QSize shape = QImageReader(path).size();
-        if (!shape.isEmpty())
-            return std::make_shared<FileImage>(parts.side, std::move(path), shape,
+        auto picture = std::make_unique<OpenPicture>(path);
+        if (!picture->size().isEmpty())
+            return std::make_shared<FileImage>(parts.side, std::move(path), std::move(picture),
                                                entry->second.portion);
     }
     return nullptr;

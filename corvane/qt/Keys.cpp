@@ -24,6 +24,7 @@ constexpr KeyName kNames[] = {
     {Qt::Key_Escape, views::kKeyEscape},
     {Qt::Key_Backspace, views::kKeyBackspace},
     {Qt::Key_Delete, views::kKeyDeleteForward},
+    {Qt::Key_F6, views::kKeyF6},
     {Qt::Key_Home, kKeyHome},
     {Qt::Key_End, kKeyEnd},
     {Qt::Key_PageUp, kKeyPageUp},

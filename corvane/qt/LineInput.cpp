@@ -4,6 +4,7 @@
 #include "corvane/qt/TextInputStyle.h"
 
 #include <QLineEdit>
+#include <limits>
 
 namespace corvane::qt {
 
@@ -16,6 +17,8 @@ class LineInput final : public TextInput {
   public:
     LineInput(QWidget& parent, TextChanged changed) : edit_(new QLineEdit(&parent)) {
         edit_->setFrame(false);
+        // Fields have no limit, and what is beyond the widget's own would be lost.
+        edit_->setMaxLength(std::numeric_limits<int>::max());
         // What is dragged over it is for the row around it.
         edit_->setAcceptDrops(false);
         QObject::connect(edit_, &QLineEdit::textChanged, edit_, std::move(changed));

@@ -8,8 +8,12 @@
 
 #include <QCoreApplication>
 #include <QFocusEvent>
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QWidget>
 
 namespace corvane::qt {
@@ -49,12 +53,15 @@ TextInput& LiveEditor::inputFor(const TextField& field) {
         input->widget().installEventFilter(this);
         if (&input->surface() != &input->widget()) input->surface().installEventFilter(this);
         input->widget().hide();
+        // By the order in which they were made, the way on would begin behind all other widgets.
+        QWidget::setTabOrder(&host_, &input->widget());
     }
     return *input;
 }
 
 void LiveEditor::begin(TextField& field, platform::Appearance appearance) {
     input_ = &inputFor(field);
+    composed_.clear();
     takeStyle(appearance);
     taking_ = true;
     input_->setText(qString(field.stringValue()));
@@ -67,10 +74,21 @@ void LiveEditor::begin(TextField& field, platform::Appearance appearance) {
     takeSelection();
 }
 
+void LiveEditor::finishComposing() {
+    if (!input_ || composed_.isEmpty()) return;
+    QGuiApplication::inputMethod()->commit();
+    // Not every input method does.
+    if (!input_ || composed_.isEmpty()) return;
+    QInputMethodEvent event;
+    event.setCommitString(std::exchange(composed_, {}));
+    QCoreApplication::sendEvent(&input_->widget(), &event);
+}
+
 void LiveEditor::end() {
     if (!input_) return;
     QWidget& widget = input_->widget();
-    const bool hadFocus = widget.hasFocus();
+    // Also that of a window which is not the one in use now.
+    const bool hadFocus = host_.window()->focusWidget() == &widget;
     input_ = nullptr;
     // Before it is hidden: the desktop would give the focus to whoever is next.
     if (hadFocus) host_.setFocus(Qt::OtherFocusReason);
@@ -87,6 +105,7 @@ void LiveEditor::takeText() {
     if (!field) return;
     const QString text = qString(field->stringValue());
     if (text != input_->text()) {
+        composed_.clear();
         taking_ = true;
         input_->setText(text);
         taking_ = false;
@@ -110,6 +129,10 @@ void LiveEditor::place() {
 
 bool LiveEditor::hasFocus() const {
     return input_ && input_->widget().hasFocus();
+}
+
+void LiveEditor::takeFocus() {
+    if (input_) input_->widget().setFocus(Qt::OtherFocusReason);
 }
 
 void LiveEditor::forward(const QMouseEvent& event) {
@@ -157,6 +180,9 @@ bool LiveEditor::eventFilter(QObject* watched, QEvent* event) {
             return true;
         case QEvent::KeyPress:
             return keyPressed(static_cast<QKeyEvent&>(*event));
+        case QEvent::InputMethod:
+            composed_ = static_cast<QInputMethodEvent&>(*event).preeditString();
+            return false;
         case QEvent::MouseButtonPress:
             pressed(static_cast<QMouseEvent&>(*event));
             return false;
@@ -185,7 +211,11 @@ void LiveEditor::pressed(const QMouseEvent& event) {
 void LiveEditor::focusLost(Qt::FocusReason reason) {
     const bool comesBack = reason == Qt::ActiveWindowFocusReason ||
                            reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
-    if (!comesBack && !host_.hasFocus()) window_.makeFirstResponder(nullptr);
+    if (!comesBack && !host_.hasFocus()) {
+        losingFocus_ = true;
+        window_.makeFirstResponder(nullptr);
+        losingFocus_ = false;
+    }
     calls_.focusChanged();
 }
 
@@ -214,6 +244,7 @@ bool LiveEditor::keyPressed(const QKeyEvent& event) {
     const auto command = views::commandForKey(key);
     const auto field = client();
     if (!field) return false;
+    const QPointer<LiveEditor> alive(this);
     giveSelection();
     if (field->takesKey(key)) {
         takeText();
@@ -226,7 +257,7 @@ bool LiveEditor::keyPressed(const QKeyEvent& event) {
     } else {
         done = window_.fieldEditor().delegateDoes(*command);
     }
-    if (client() != field) return true;
+    if (!alive || client() != field) return true;
     if (done) {
         takeText();
     } else if (*command == Command::InsertNewline || *command == Command::InsertLineBreak) {

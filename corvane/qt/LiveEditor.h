@@ -6,6 +6,7 @@
 #include "corvane/views/Command.h"
 
 #include <QObject>
+#include <QString>
 #include <functional>
 #include <memory>
 
@@ -34,6 +35,8 @@ class LiveEditor final : public QObject {
     ~LiveEditor() override;
 
     void begin(views::TextField& field, platform::Appearance appearance);
+    /// Takes over what an input method has not been done with yet.
+    void finishComposing();
     void end();
     /// The program has changed the field's text.
     void takeText();
@@ -43,6 +46,10 @@ class LiveEditor final : public QObject {
 
     bool isEditing() const { return input_ != nullptr; }
     bool hasFocus() const;
+    /// Nothing where it edits nothing.
+    void takeFocus();
+    /// The user gives the focus to another widget: views that want it get none.
+    bool isLosingFocus() const { return losingFocus_; }
     /// The widget in use; null for none.
     QWidget* widget() const { return input_ ? &input_->widget() : nullptr; }
     /// Lets the widget have a press, a movement or a release that the host got.
@@ -69,8 +76,10 @@ class LiveEditor final : public QObject {
     std::unique_ptr<TextInput> line_;
     std::unique_ptr<TextInput> paragraph_;
     TextInput* input_ = nullptr;
+    QString composed_;     ///< by an input method, and not a part of the text yet
     bool taking_ = false;  ///< the program's text, which the user did not type
     bool forwarding_ = false;
+    bool losingFocus_ = false;
 };
 
 }  // namespace corvane::qt

@@ -12,7 +12,8 @@ class QWidget;
 namespace corvane::qt {
 
 /// Shares the items, of which each is asked now whether it is valid. The menu belongs to the
-/// parent. Nothing of the menu's is called after it was destroyed.
+/// parent. What is chosen is done by the event loop, soon after the menu is done with it, and not
+/// once the parent was destroyed.
 QMenu* qMenuOf(const std::shared_ptr<views::Menu>& menu, QWidget& parent);
 
 /// Returns at once. The menu goes away by itself. One without items is not shown, and null.

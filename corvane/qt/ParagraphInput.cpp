@@ -50,7 +50,13 @@ class ParagraphInput final : public TextInput {
         edit_->setPlaceholderText(qString(field.placeholderString()));
         edit_->setAccessibleName(qString(field.accessibilityName()));
     }
-    QString text() const override { return edit_->toPlainText(); }
+    QString text() const override {
+        // The widget's own plain text lets lines break at blanks where they must not.
+        QString text = edit_->document()->toRawText();
+        for (const QChar end : {QChar(QChar::ParagraphSeparator), QChar(QChar::LineSeparator)})
+            text.replace(end, QLatin1Char('\n'));
+        return text;
+    }
     void setText(const QString& text) override { edit_->setPlainText(text); }
     void insert(const QString& text) override { edit_->insertPlainText(text); }
     Selection selection() const override {

@@ -9,6 +9,7 @@
 #include <QEvent>
 #include <QScreen>
 #include <algorithm>
+#include <utility>
 
 namespace corvane::qt {
 
@@ -58,6 +59,11 @@ class QtPopOvers::Panel final : public HostWidget {
         host.installEventFilter(this);
         host.window()->installEventFilter(this);
         show();
+    }
+
+    /// With the host, maybe, of which the pop-over knows nothing.
+    ~Panel() override {
+        if (PopOver* shown = std::exchange(popOver_, nullptr)) shown->close();
     }
 
     /// In the middle of a click on it, maybe: it goes later.

@@ -33,9 +33,9 @@ void QtRunLoop::callAfterDelay(double seconds, Owner owner, Call call) {
 }
 
 void QtRunLoop::callAtEndOfTurn(Call call) {
-    const bool posted = !isInTurn();
     loop_.callAtEndOfTurn(std::move(call));
-    if (posted) wake();
+    // In a turn, too: a call may run an event loop of its own, where the turn's end is far away.
+    wake();
 }
 
 void QtRunLoop::wake() {
@@ -45,12 +45,12 @@ void QtRunLoop::wake() {
 
 void QtRunLoop::turn() {
     awake_ = false;
-    // A call may run an event loop of its own, in which the others must go on.
     const auto due = loop_.nextDue();
-    if (due && *due <= clock_.now()) {
-        wake();
-        loop_.runTurn();
-    }
+    const bool isDue = due && *due <= clock_.now();
+    // A call may run an event loop of its own, in which the others must go on.
+    if (isDue) wake();
+    // Within such a loop turns end, too.
+    if (isDue || isInTurn()) loop_.runTurn();
     setTimer();
 }
 

@@ -7,6 +7,7 @@
 #include "corvane/views/Window.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 namespace corvane::qt {
@@ -49,6 +50,17 @@ std::optional<Bar> barOf(const ScrollView& view) {
     return bar;
 }
 
+/// Whether something that is none of the view's own lies over the middle of what shows of the bar,
+/// such as a sheet.
+bool isCovered(const ScrollView& view, const Rect& bar) {
+    const Rect visible = view.visibleRect();
+    const double top = std::max(bar.y, visible.y);
+    const double bottom = std::min(bar.bottom(), visible.bottom());
+    const Point middle = view.convertToWindow(Point{bar.x + bar.width / 2, (top + bottom) / 2});
+    const auto hit = view.window()->viewAt(middle);
+    return hit && !hit->isDescendantOf(view);
+}
+
 void drawIn(views::View& view, views::Canvas& canvas, const Rect& dirty,
             const ScrollView* hovered) {
     for (const auto& inside : view.subviewsIn(dirty)) {
@@ -62,9 +74,11 @@ void drawIn(views::View& view, views::Canvas& canvas, const Rect& dirty,
         if (!bar) continue;
         const bool wide = scrollView == hovered;
         const double width = wide ? kHoveredWidth : kWidth;
-        const Rect rect{frame.width - width - kMargin, bar->start, width, bar->length};
+        const Rect rect = views::mirrored(
+            {frame.width - width - kMargin, bar->start, width, bar->length}, frame.width);
+        if (isCovered(*scrollView, rect)) continue;
         canvas.fillRoundedRect(
-            views::mirrored(rect, frame.width), width / 2,
+            rect, width / 2,
             views::theme().secondaryText.withAlpha(wide ? kHoveredOpacity : kOpacity));
     }
 }
@@ -107,7 +121,9 @@ bool Scrollers::mouseDragged(Point point) {
     const double least = view->leastOrigin().y;
     const double range = view->greatestOrigin().y - least;
     const double start = view->convertFromWindow(point).y - grip_ - bar->trackStart;
-    view->scrollTo({view->documentVisibleRect().x, least + range * start / bar->freeLength()});
+    // On whole points, or letters would blur.
+    const double y = std::round(least + range * start / bar->freeLength());
+    view->scrollTo({view->documentVisibleRect().x, y});
     return true;
 }
 

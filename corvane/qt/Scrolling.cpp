@@ -38,10 +38,16 @@ ScrollView* scrollViewAround(views::View* view) {
     return view ? view->enclosingScrollView() : nullptr;
 }
 
+bool hasMoreThanItShows(const ScrollView& view) {
+    return view.greatestOrigin().y > view.leastOrigin().y;
+}
+
+/// With somewhere to go.
 ScrollView* anyScrollViewIn(const views::View& view) {
     for (const auto& inside : view.subviews()) {
         if (inside->isHidden()) continue;
-        if (auto* found = dynamic_cast<ScrollView*>(inside.get())) return found;
+        auto* scrollView = dynamic_cast<ScrollView*>(inside.get());
+        if (scrollView && hasMoreThanItShows(*scrollView)) return scrollView;
         if (auto* found = anyScrollViewIn(*inside)) return found;
     }
     return nullptr;
@@ -51,11 +57,10 @@ ScrollView* anyScrollViewIn(const views::View& view) {
 
 Point scrollDistance(const QWheelEvent& event) {
     QPointF delta = event.pixelDelta();
-    if (delta.isNull()) {
+    if (delta.isNull())
         delta = QPointF(event.angleDelta()) / kWheelStep * QApplication::wheelScrollLines() * kLine;
-        if (event.modifiers().testFlag(Qt::ShiftModifier) && delta.x() == 0)
-            delta = delta.transposed();
-    }
+    // Wheels, too, may be told of as finely as touchpads.
+    if (event.modifiers().testFlag(Qt::ShiftModifier) && delta.x() == 0) delta = delta.transposed();
     return {-delta.x(), -delta.y()};
 }
 
@@ -80,6 +85,8 @@ void scrollByKey(views::Window& window, char32_t key) {
     const auto modal = window.modalViews().current();
     auto* view =
         first ? scrollViewAround(first.get()) : anyScrollViewIn(modal ? *modal : window.root());
+    while (view && !hasMoreThanItShows(*view))
+        view = view->enclosingScrollView();
     if (!view) return;
     const auto visible = view->documentVisibleRect();
     const double page = std::max(kLine, visible.height - kOverlap);

@@ -2,6 +2,7 @@
 
 #include "corvane/qt/Geometry.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -26,16 +27,25 @@ QMessageBox* showSheet(const views::Alert& alert, QWidget& parent,
     box->setLayoutDirection(layoutDirection());
     box->setText(qString(alert.messageText));
     box->setInformativeText(qString(alert.informativeText));
+    // The box itself would have this said of its first text only.
+    for (QLabel* label : box->findChildren<QLabel*>())
+        label->setTextFormat(Qt::PlainText);
     QList<QPushButton*> buttons;
     for (const std::string& title : alert.buttons)
-        buttons.append(box->addButton(
-            qString(title), buttons.isEmpty() ? QMessageBox::AcceptRole : QMessageBox::RejectRole));
+        buttons.append(box->addButton(titleWithoutMnemonic(title), buttons.isEmpty()
+                                                                       ? QMessageBox::AcceptRole
+                                                                       : QMessageBox::RejectRole));
     if (buttons.isEmpty()) buttons.append(box->addButton(QMessageBox::Ok));
     box->setDefaultButton(buttons.front());
     box->setEscapeButton(buttons.back());
-    QObject::connect(
-        box, &QMessageBox::finished, &parent,
-        [box, buttons, done = std::move(completion)] { done(answerOf(*box, buttons)); });
+    // Told when the box is done with the click: whoever gets the answer may run an event loop, or
+    // take away the parent and the box with it, which Qt 6.4 does not outlive.
+    QObject::connect(box, &QMessageBox::finished, &parent,
+                     [box, buttons, &parent, done = std::move(completion)] {
+                         QMetaObject::invokeMethod(
+                             &parent, [done, answer = answerOf(*box, buttons)] { done(answer); },
+                             Qt::QueuedConnection);
+                     });
     box->open();
     return box;
 }

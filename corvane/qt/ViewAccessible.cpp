@@ -219,10 +219,12 @@ int ViewAccessible::indexOfChild(const QAccessibleInterface* child) const {
 QAccessibleInterface* ViewAccessible::childAt(int x, int y) const {
     if (!isValid()) return nullptr;
     const auto point = pointOf(host_->mapFromGlobal(QPointF(x, y)));
-    for (const auto& view : children())
-        if (view->convertToWindow(view->visibleRect()).contains(point))
-            return accessibleOf(*host_, view);
-    return nullptr;
+    const auto views = children();
+    // The topmost one comes last.
+    const auto found = std::find_if(views.rbegin(), views.rend(), [&](const auto& view) {
+        return view->convertToWindow(view->visibleRect()).contains(point);
+    });
+    return found == views.rend() ? nullptr : accessibleOf(*host_, *found);
 }
 
 QString ViewAccessible::text(QAccessible::Text kind) const {
@@ -309,10 +311,17 @@ void* ViewAccessible::interface_cast(QAccessible::InterfaceType type) {
     }
 }
 
+/// Not what lies below a modal view, where the pointer does not come either.
+bool ViewAccessible::canPress() const {
+    const auto view = view_.lock();
+    return isValid() && host_->viewWindow().modalViews().admits(*view) &&
+           view->accessibilityCanPress();
+}
+
 QStringList ViewAccessible::actionNames() const {
     const auto view = view_.lock();
     QStringList names;
-    if (view && view->accessibilityCanPress()) names.append(pressAction());
+    if (canPress()) names.append(pressAction());
     if (view && view->acceptsFirstResponder()) names.append(setFocusAction());
     return names;
 }
@@ -321,7 +330,7 @@ void ViewAccessible::doAction(const QString& name) {
     if (!isValid()) return;
     const auto view = view_.lock();
     if (name == setFocusAction()) view->window()->makeFirstResponder(view);
-    if (name != pressAction() || !view->accessibilityCanPress()) return;
+    if (name != pressAction() || !canPress()) return;
     host_->viewWindow().eventFollowers().eventHappened();
     view->accessibilityPress();
 }

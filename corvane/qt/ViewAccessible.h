@@ -53,6 +53,7 @@ class ViewAccessible final : public QAccessibleInterface, public QAccessibleActi
     std::vector<std::shared_ptr<views::View>> children() const;
     views::Role viewRole() const;
     QString description() const;
+    bool canPress() const;
     void tellValue();
 
     QPointer<HostWidget> host_;

@@ -145,6 +145,8 @@ void FieldEditor::begin(const std::shared_ptr<TextField>& field) {
 
 void FieldEditor::end() {
     const auto field = client();
+    if (field) window_.host().editingWillEnd(*field);
+    if (client() != field) return;  // whoever heard of the last change did it already
     client_.reset();
     if (!field) return;
     const bool changed = field->stringValue() != textBefore_;

@@ -152,6 +152,7 @@ bool Window::selectPart(bool forward) {
     const auto modal = modalViews_.current();
     for (const auto& part : parts_.allFrom(firstResponder_.lock().get(), forward)) {
         auto target = parts_.lastFocusIn(*part);
+        if (!target && part->canBecomeKeyView()) target = part;
         if (!target && !part->isHidden()) target = firstKeyViewIn(*part);
         if (!target || !modalViews_.admits(*target)) continue;
         // Once only: whoever keeps the focus may say so to the user.
@@ -179,7 +180,11 @@ void Window::willRemove(const View& view) {
 
 bool Window::mouseDown(const MouseEvent& event) {
     eventFollowers_.eventHappened();
-    captured_.reset();
+    // Its release went elsewhere, such as into a menu that came up meanwhile.
+    if (const auto before = captured_.lock()) {
+        captured_.reset();
+        before->mouseWasLost();
+    }
     const auto press = [&](View& view) { return view.mouseDown(event); };
     const auto pressed = viewAt(event.locationInWindow());
     auto taker = offer(pressed, press);

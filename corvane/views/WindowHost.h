@@ -26,8 +26,9 @@ class WindowHost {
     /// Null for none. Also called for a field, before editingDidBegin.
     virtual void firstResponderDidChange(const std::shared_ptr<View>&) {}
     /// The window's field editor has begun or ended with the field, or the program has changed its
-    /// text meanwhile.
+    /// text meanwhile. Before it ends, it still takes what is left in a widget of the host's.
     virtual void editingDidBegin(TextField&) {}
+    virtual void editingWillEnd(TextField&) {}
     virtual void editingDidEnd(TextField&) {}
     virtual void editedTextDidChange(TextField&) {}
     /// The answer goes to Window::endSheet. The alert stays valid until then.

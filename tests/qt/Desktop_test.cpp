@@ -6,6 +6,7 @@
 
 #include <QAccessible>
 #include <QContextMenuEvent>
+#include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
@@ -63,8 +64,10 @@ TEST_F(DesktopTest, ShowsMenus) {
     EXPECT_FALSE(actions[1]->isEnabled());
     EXPECT_TRUE(actions[2]->isSeparator());
     actions[0]->trigger();
+    QApplication::processEvents();
     EXPECT_EQ(log, "Cut & paste; ");
     actions[3]->menu()->actions()[0]->trigger();
+    QApplication::processEvents();
     EXPECT_EQ(log, "Cut & paste; ") << "it has become invalid meanwhile";
     menu->close();
     QApplication::processEvents();
@@ -72,20 +75,43 @@ TEST_F(DesktopTest, ShowsMenus) {
     EXPECT_TRUE(host.findChildren<QMenu*>().isEmpty());
 }
 
+TEST_F(DesktopTest, DoesWhatAnItemIsForWhenItsMenuIsDone) {
+    auto* doomed = new HostWidget;
+    const auto row = std::make_shared<RowView>(Rect{0, 0, 100, 50});
+    doomed->viewWindow().root().addSubview(row);
+    doomed->show();
+    row->menu->addItem("Close", [&](views::MenuItem&) { delete std::exchange(doomed, nullptr); });
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {10, 10},
+                            doomed->mapToGlobal(QPoint(10, 10)));
+    QApplication::sendEvent(doomed, &event);
+    auto* menu = dynamic_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_TRUE(menu);
+    menu->setActiveAction(menu->actions()[0]);
+    QKeyEvent choose(QEvent::KeyPress, Qt::Key_Return, {});
+    QApplication::sendEvent(menu, &choose);
+    EXPECT_TRUE(doomed);
+    QApplication::processEvents();
+    EXPECT_FALSE(doomed);
+}
+
 TEST_F(DesktopTest, ShowsAlertsOneAfterTheOther) {
     show();
     std::vector<int> answers;
     const auto note = [&](int response) { answers.push_back(response); };
     const auto box = [&] {
+        QApplication::processEvents();
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return host.findChild<QMessageBox*>();
     };
-    host.viewWindow().beginSheet({"Delete <it>?", "Really", {"Delete", "Keep"}}, note);
+    host.viewWindow().beginSheet({"Delete <it>?", "<b>Really</b>", {"Cut & delete", "Keep"}}, note);
     host.viewWindow().beginSheet({"Done", "", {"OK"}}, note);
     host.viewWindow().beginSheet({"Again?", "", {"Yes", "No"}}, note);
     ASSERT_TRUE(box());
     EXPECT_EQ(box()->text(), "Delete <it>?");
-    EXPECT_EQ(box()->textFormat(), Qt::PlainText);
+    for (const auto* label : box()->findChildren<QLabel*>())
+        EXPECT_TRUE(label->text().isEmpty() || label->textFormat() == Qt::PlainText);
+    EXPECT_EQ(box()->informativeText(), "<b>Really</b>");
+    EXPECT_EQ(box()->defaultButton()->text(), "Cut && delete");
     EXPECT_EQ(box()->windowModality(), Qt::WindowModal);
     box()->defaultButton()->click();
     ASSERT_TRUE(box());
@@ -94,8 +120,19 @@ TEST_F(DesktopTest, ShowsAlertsOneAfterTheOther) {
         QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, {});
         QApplication::sendEvent(box(), &escape);
     }
-    EXPECT_EQ(answers, (std::vector{1000, 1000, 1001}));
     EXPECT_FALSE(box());
+    EXPECT_EQ(answers, (std::vector{1000, 1000, 1001}));
+}
+
+TEST_F(DesktopTest, LetsAnAnswerCloseTheWindow) {
+    auto* doomed = new HostWidget;
+    doomed->show();
+    doomed->viewWindow().beginSheet({"Close?", "", {"Close"}},
+                                    [&](int) { delete std::exchange(doomed, nullptr); });
+    doomed->findChild<QMessageBox*>()->defaultButton()->click();
+    EXPECT_TRUE(doomed) << "not while the box is at work";
+    QApplication::processEvents();
+    EXPECT_FALSE(doomed);
 }
 
 TEST_F(DesktopTest, ShowsViewsToAssistiveTechnology) {
@@ -129,6 +166,16 @@ TEST_F(DesktopTest, ShowsViewsToAssistiveTechnology) {
     auto* actions = interface->child(2)->actionInterface();
     actions->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(pressed, 1);
+    const auto above = std::make_shared<RowView>(Rect{0, 0, 50, 20});
+    plain->subviews()[1]->addSubview(above);
+    EXPECT_EQ(second->childAt(at.x(), at.y())->role(), QAccessible::ListItem) << "the topmost";
+    above->removeFromSuperview();
+    const auto modal = std::make_shared<NotingView>(Rect());
+    host.viewWindow().modalViews().begin(modal);
+    EXPECT_FALSE(actions->actionNames().contains(QAccessibleActionInterface::pressAction()));
+    actions->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(pressed, 1) << "what lies below a sheet";
+    host.viewWindow().modalViews().end(*modal);
     plain->subviews()[1]->removeFromSuperview();
     EXPECT_FALSE(second->isValid());
     EXPECT_EQ(second->childCount(), 0);

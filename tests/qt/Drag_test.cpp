@@ -111,6 +111,26 @@ TEST_F(DragTest, GoesFromHostToHost) {
     }
 }
 
+TEST_F(DragTest, DoesNotBeginAfterTheButtonWasReleased) {
+    DragHost source;
+    source.run = [](QDrag&, Qt::DropActions) {
+        ADD_FAILURE() << "it would hang on the pointer";
+        return Qt::IgnoreAction;
+    };
+    source.show();
+    const auto row = std::make_shared<DraggableView>(Rect{0, 20, 100, 20});
+    source.viewWindow().root().addSubview(row);
+    for (const auto& [type, y] : {std::pair{QEvent::MouseButtonPress, 30},
+                                  {QEvent::MouseMove, 35},
+                                  {QEvent::MouseButtonRelease, 35}}) {
+        const auto held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+        QMouseEvent event(type, QPointF(10, y), QPointF(10, y), Qt::LeftButton, held, {});
+        QApplication::sendEvent(&source, &event);
+    }
+    QApplication::processEvents();
+    EXPECT_EQ(row->takeLog(), "down1 10,30; ended 0; ");
+}
+
 TEST_F(DragTest, ComesFromOtherPrograms) {
     const auto target = add<DraggableView>({0, 0, 100, 50});
     host.resize(100, 100);
@@ -122,6 +142,13 @@ TEST_F(DragTest, ComesFromOtherPrograms) {
     EXPECT_EQ(target->takeLog(), "entered; from elsewhere: https://example.org/; Example; ");
     target->operation = views::kDragOperationNone;
     EXPECT_EQ(bring(host, {10, 10}, link, true), Qt::IgnoreAction);
+    target->operation = views::kDragOperationGeneric;
+    target->takeLog();
+    for (int i = 0; i < 2; ++i) {  // the first one's program has gone without a word
+        QDragEnterEvent enter({10, 10}, Qt::CopyAction, &link, Qt::LeftButton, {});
+        QApplication::sendEvent(&host, &enter);
+    }
+    EXPECT_EQ(target->takeLog(), "entered; exited; entered; ");
     QMimeData unknown;
     unknown.setData("application/x-other", "1");
     EXPECT_EQ(bring(host, {10, 10}, unknown, true), Qt::IgnoreAction);
@@ -129,6 +156,7 @@ TEST_F(DragTest, ComesFromOtherPrograms) {
          {std::tuple{DragOperation{1}, Qt::MoveAction | Qt::CopyAction, Qt::CopyAction},
           {DragOperation{16}, Qt::MoveAction | Qt::CopyAction, Qt::MoveAction},
           {DragOperation{4}, Qt::CopyAction | Qt::LinkAction, Qt::CopyAction},
+          {DragOperation{4}, Qt::CopyAction | Qt::MoveAction, Qt::CopyAction},
           {DragOperation{2}, Qt::MoveAction | Qt::MoveAction, Qt::IgnoreAction},
           {DragOperation{0}, Qt::MoveAction | Qt::CopyAction, Qt::IgnoreAction}})
         EXPECT_EQ(actionFor(operation, possible), action) << operation;

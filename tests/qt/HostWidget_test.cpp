@@ -1,16 +1,25 @@
 #include "corvane/qt/Keys.h"
+#include "corvane/views/Canvas.h"
 #include "corvane/views/ScrollView.h"
 
 #include "tests/qt/HostFixture.h"
 
 #include <QHelpEvent>
+#include <QScreen>
 #include <QToolTip>
+#include <cmath>
 
 using namespace corvane;
 using namespace corvane::qt;
 using views::Rect;
 
 namespace {
+
+struct Patch : views::View {
+    using View::View;
+    void draw(views::Canvas& canvas, const Rect&) override { canvas.fillRect(bounds(), color); }
+    platform::Color color{{0, 1, 0}, {0, 1, 0}};
+};
 
 struct HostWidgetTest : HostTest {
     std::shared_ptr<views::ScrollView> addScrollView(const Rect& frame, views::Size document) {
@@ -40,6 +49,18 @@ TEST_F(HostWidgetTest, TellsViewsWhatThePointerDoes) {
     EXPECT_EQ(view->takeLog(), "down1 40,40; up1 40,40; ");
 }
 
+TEST_F(HostWidgetTest, TellsViewsThatTheReleaseWentElsewhere) {
+    struct Losing : NotingView {
+        using NotingView::NotingView;
+        void mouseWasLost() override { log += "lost; "; }
+    };
+    const auto view = add<Losing>({10, 10, 50, 50});
+    show();
+    mouse(QEvent::MouseButtonPress, {20, 30});
+    click({150, 90});  // with a release in between that a menu got
+    EXPECT_EQ(view->takeLog(), "down1 20,30; lost; ");
+}
+
 TEST_F(HostWidgetTest, TranslatesKeys) {
     const auto view = add({0, 0, 50, 50});
     show();
@@ -53,6 +74,7 @@ TEST_F(HostWidgetTest, TranslatesKeys) {
         {Qt::Key_Escape, "\x1b", {}, views::kKeyEscape},
         {Qt::Key_Backspace, "\b", {}, views::kKeyBackspace},
         {Qt::Key_Delete, "\x7f", {}, views::kKeyDeleteForward},
+        {Qt::Key_F6, "", Qt::ShiftModifier, views::kKeyF6},
         {Qt::Key_A, "\x01", Qt::ControlModifier, U'a'},
         {Qt::Key_A, "A", Qt::ShiftModifier, U'A'},
         {Qt::Key_unknown, "я", {}, U'я'},
@@ -93,6 +115,11 @@ TEST_F(HostWidgetTest, SharesTheFocusWithOtherWidgets) {
     host.viewWindow().makeFirstResponder(nullptr);
     host.setFocus(Qt::TabFocusReason);
     EXPECT_EQ(host.viewWindow().firstResponder(), first) << "Tab goes on inside";
+    other.setFocus();
+    host.viewWindow().makeFirstResponder(nullptr);
+    other.setFocus();
+    host.setFocus(Qt::BacktabFocusReason);
+    EXPECT_EQ(host.viewWindow().firstResponder(), second) << "and back, from the end";
     host.setParent(nullptr);
 }
 
@@ -112,6 +139,8 @@ TEST_F(HostWidgetTest, Scrolls) {
     EXPECT_GT(step, 20);
     wheel({150, 50}, {}, {0, -120}, Qt::ShiftModifier);
     EXPECT_EQ(at(outer), (views::Point{step, step}));
+    wheel({150, 50}, {0, -7}, {0, -120}, Qt::ShiftModifier);
+    EXPECT_EQ(at(outer), (views::Point{step + 7, step})) << "of a touchpad, too";
     const auto document = std::static_pointer_cast<NotingView>(outer->documentView());
     host.viewWindow().makeFirstResponder(document);
     const double before = at(outer).y;
@@ -126,10 +155,21 @@ TEST_F(HostWidgetTest, Scrolls) {
         press(key);
         EXPECT_EQ(at(outer).y, y);
     }
+    inner->setFrame({0, 0, 100, 90});
+    const auto small = std::static_pointer_cast<NotingView>(inner->documentView());
+    small->keys = false;
+    for (const auto& first :
+         {std::shared_ptr<views::View>(small), std::shared_ptr<views::View>()}) {
+        host.viewWindow().makeFirstResponder(first);
+        press(Qt::Key_End);
+        EXPECT_EQ(at(outer).y, 400) << "around one that shows all it has";
+        outer->scrollTo({0, 0});
+    }
     // By the bar at the right edge: 100 points of 500 are 19 of 96.
     mouse(QEvent::MouseButtonPress, {197, 10});
-    mouse(QEvent::MouseMove, {197, 10 + 34});
-    EXPECT_NEAR(at(outer).y, 200, 10);
+    mouse(QEvent::MouseMove, {197, 10 + 35});
+    EXPECT_NEAR(at(outer).y, 206, 10);
+    EXPECT_EQ(at(outer).y, std::round(at(outer).y)) << "letters would blur";
     mouse(QEvent::MouseButtonRelease, {197, 44});
     EXPECT_EQ(std::static_pointer_cast<NotingView>(outer->documentView())->takeLog(), "");
 }
@@ -157,6 +197,33 @@ TEST_F(HostWidgetTest, PaintsOnlyWhatIsSeenAndChanged) {
     EXPECT_LE(count(), 7);
     rows[2]->setNeedsDisplay();
     EXPECT_EQ(count(), 0);
+}
+
+TEST_F(HostWidgetTest, PaintsWhatLiesBetweenOthersThatWaitForIt) {
+    const std::shared_ptr<Patch> patches[] = {
+        add<Patch>({0, 0, 10, 10}), add<Patch>({190, 90, 10, 10}), add<Patch>({90, 40, 10, 10})};
+    show();
+    for (const auto& patch : patches) {
+        patch->color = platform::Color({1, 0, 0}, {1, 0, 0});
+        patch->setNeedsDisplay();
+    }
+    QApplication::processEvents();
+    const QImage shown = host.screen()->grabWindow(host.winId()).toImage();
+    for (const QPoint at : {QPoint(5, 5), QPoint(195, 95), QPoint(95, 45)})
+        EXPECT_EQ(shown.pixelColor(at), QColor(Qt::red)) << at.x();
+}
+
+TEST_F(HostWidgetTest, DrawsNoBarsOverWhatCoversThem) {
+    addScrollView({0, 0, 200, 100}, {200, 1000});
+    show();
+    const auto bar = [&] { return host.grab().toImage().pixelColor(195, 10); };
+    const QColor ground = host.grab().toImage().pixelColor(100, 50);
+    EXPECT_NE(bar(), ground);
+    const auto cover = std::make_shared<Patch>(Rect{0, 0, 200, 100});
+    host.viewWindow().modalViews().begin(cover);
+    EXPECT_EQ(bar(), QColor(Qt::green));
+    host.viewWindow().modalViews().end(*cover);
+    EXPECT_NE(bar(), ground);
 }
 
 TEST_F(HostWidgetTest, FollowsTheDesktop) {

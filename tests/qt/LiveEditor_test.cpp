@@ -24,6 +24,7 @@ struct LiveEditorTest : HostTest, views::TextFieldDelegate {
     }
     void controlTextDidEndEditing(TextField& field) override {
         log += "ended with " + field.stringValue() + "; ";
+        if (onEnd) onEnd(field);
     }
     bool controlDoCommandBySelector(TextField&, FieldEditor& editor, Command command) override {
         asked = command;
@@ -45,6 +46,7 @@ struct LiveEditorTest : HostTest, views::TextFieldDelegate {
     std::optional<Command> taken, asked;
     std::pair<std::size_t, std::size_t> selection;
     std::function<void(TextField&)> onChange;
+    std::function<void(TextField&)> onEnd;
 };
 
 }  // namespace
@@ -158,6 +160,106 @@ TEST_F(LiveEditorTest, EditsParagraphs) {
     EXPECT_EQ(field->stringValue(), "");
     edit.paste();
     EXPECT_EQ(field->stringValue(), "one\n\nx");
+}
+
+TEST_F(LiveEditorTest, ChangesNothingThatNobodyTyped) {
+    const auto line = addField({10, 10, 100, 24}, "");
+    const auto paragraph = addField<views::TextView>({10, 40, 100, 50}, "");
+    const std::string lengthy(40000, 'a');
+    show();
+    const std::pair<std::shared_ptr<TextField>, std::string> kCases[] = {
+        {line, lengthy}, {paragraph, "a\u00a0b\nc"}};
+    for (const auto& [field, text] : kCases) {
+        field->setStringValue(text);
+        host.viewWindow().makeFirstResponder(field);
+        field->window()->fieldEditor().setSelection(text.size(), text.size());
+        field->window()->host().editedTextDidChange(*field);
+        press(Qt::Key_X, "x");
+        EXPECT_TRUE(field->stringValue() == text + "x") << field->stringValue().size();
+    }
+}
+
+TEST_F(LiveEditorTest, KeepsWhatIsBeingComposed) {
+    const auto line = addField({10, 10, 100, 24}, "a");
+    const auto paragraph = addField<views::TextView>({10, 40, 100, 50}, "a");
+    show();
+    for (const auto& field : {line, std::shared_ptr<TextField>(paragraph)}) {
+        host.viewWindow().makeFirstResponder(field);
+        press(Qt::Key_End);
+        QInputMethodEvent composing(QString::fromUtf8("か"), {});
+        QApplication::sendEvent(host.liveEditor(), &composing);
+        EXPECT_EQ(takeLog(), "");
+        host.viewWindow().makeFirstResponder(nullptr);
+        EXPECT_EQ(takeLog(), "changed to aか; ended with aか; ");
+        host.viewWindow().makeFirstResponder(field);
+        host.viewWindow().makeFirstResponder(nullptr);
+        EXPECT_EQ(takeLog(), "ended with aか; ");
+    }
+}
+
+TEST_F(LiveEditorTest, SharesTheFocusWithOtherWidgets) {
+    QWidget window;
+    QWidget before(&window);
+    host.setParent(&window);
+    QWidget other(&window);
+    for (auto* widget : {&before, &other})
+        widget->setFocusPolicy(Qt::StrongFocus);
+    const auto field = addField({10, 10, 100, 24}, "a");
+    const auto view = add({10, 50, 100, 24});
+    window.show();
+    window.activateWindow();
+    QApplication::processEvents();
+    for (const auto& [key, next] : {std::pair{Qt::Key_Tab, &other}, {Qt::Key_Backtab, &before}}) {
+        host.viewWindow().makeFirstResponder(field);
+        press(key);
+        EXPECT_TRUE(next->hasFocus()) << key;
+        EXPECT_EQ(host.liveEditor(), nullptr);
+    }
+    host.viewWindow().makeFirstResponder(field);
+    for (auto* widget : {&before, &other})
+        widget->setFocusPolicy(Qt::NoFocus);
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(line().hasFocus()) << "there is nowhere to go";
+    host.setFocus();
+    EXPECT_TRUE(line().hasFocus()) << "who types would not see it elsewhere";
+    takeLog();
+    onEnd = [&](TextField&) { host.viewWindow().makeFirstResponder(view); };
+    other.setFocus(Qt::MouseFocusReason);
+    EXPECT_EQ(takeLog(), "ended with a; ");
+    EXPECT_TRUE(other.hasFocus()) << "the program's views do not take it back";
+    onEnd = nullptr;
+
+    host.viewWindow().makeFirstResponder(field);
+    QWidget elsewhere;
+    elsewhere.show();
+    elsewhere.activateWindow();
+    QApplication::processEvents();
+    host.viewWindow().makeFirstResponder(nullptr);
+    EXPECT_EQ(window.focusWidget(), &host) << "when the window is used again";
+    host.setParent(nullptr);
+}
+
+TEST_F(LiveEditorTest, MayGoAwayWithItsHostByAKey) {
+    struct Closer : NotingView {
+        using NotingView::NotingView;
+        bool keyDown(const views::KeyEvent&) override {
+            delete std::exchange(closed, nullptr);
+            return true;
+        }
+        HostWidget* closed = nullptr;
+    };
+    const auto closer = std::make_shared<Closer>(Rect{0, 0, 100, 50});
+    closer->closed = new HostWidget;
+    auto& window = closer->closed->viewWindow();
+    const auto field = std::make_shared<TextField>(Rect{0, 0, 100, 24});
+    closer->addSubview(field);
+    window.root().addSubview(closer);
+    closer->closed->show();
+    closer->closed->activateWindow();
+    QApplication::processEvents();
+    window.makeFirstResponder(field);
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(closer->closed);
 }
 
 TEST_F(LiveEditorTest, LiesWhereTheFieldIsAndEndsWithTheFocus) {

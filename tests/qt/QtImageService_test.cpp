@@ -11,6 +11,7 @@
 
 #include <QPainter>
 #include <cmath>
+#include <filesystem>
 
 namespace corvane::qt {
 namespace {
@@ -94,10 +95,10 @@ TEST(QtImage, keepsRenderingsButNotForever) {
 
 TEST(ImageCatalog, drawsFilesInTheMiddleAndPassesOverWhatItCannotRead) {
     const tests::TemporaryDirectory directory;
-    directory.write(
-        "wide.svg",
+    const char* kWide =
         "<svg xmlns='http://www.w3.org/2000/svg' width='16' height='8' viewBox='0 0 16 8'>"
-        "<path d='M0 0h16v8h-16z'/></svg>");
+        "<path d='M0 0h16v8h-16z'/></svg>";
+    directory.write("wide.svg", kWide);
     directory.write("broken.svg", "<svg xmlns='http://www.w3.org/2000/svg'><path");
     auto catalog = ImageCatalog::parse(
         "wide = wide.svg 50%\nbroken = broken.svg\nmissing = missing.svg\nbad = x.svg 0%\n"
@@ -118,6 +119,11 @@ TEST(ImageCatalog, drawsFilesInTheMiddleAndPassesOverWhatItCannotRead) {
         EXPECT_EQ(pixel(image, 12, 8).alpha(), 0);
         EXPECT_EQ(pixel(image, 12, 15.5).alpha(), 0);
     }
+    const auto readOnce = catalog.imageNamed("wide-t");
+    std::filesystem::remove(directory.path() + "/wide.svg");
+    EXPECT_FALSE(pixel(renderedImage(readOnce, 1, Appearance::Light), 12, 12).alpha() == 0);
+    EXPECT_EQ(catalog.imageNamed("wide-t"), nullptr);
+    directory.write("wide.svg", kWide);
     EXPECT_EQ(catalog.imageNamed("wide-s-t")->size().width, 16);
     EXPECT_EQ(catalog.imageNamed("wide-us-t")->size().width, 12);
 }

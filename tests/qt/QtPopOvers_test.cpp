@@ -63,6 +63,20 @@ TEST_F(QtPopOversTest, StandsBesideItsViewAndLeavesTheFocus) {
     EXPECT_EQ(content->superview(), nullptr);
 }
 
+TEST_F(QtPopOversTest, EndsWithItsHost) {
+    popOver.close();
+    auto other = std::make_unique<HostWidget>();
+    other->viewWindow().root().addSubview(field);
+    other->show();
+    popOver.showBeside(field);
+    other.reset();
+    EXPECT_FALSE(popOver.isShown());
+    EXPECT_EQ(content->superview(), nullptr);
+    host.viewWindow().root().addSubview(field);
+    popOver.showBeside(field);
+    EXPECT_TRUE(panel());
+}
+
 TEST_F(QtPopOversTest, GoesWithItsView) {
     field->removeFromSuperview();
     panel();

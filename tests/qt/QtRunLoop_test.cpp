@@ -107,6 +107,25 @@ TEST(QtRunLoop, GoesOnInsideOfOtherLoopsAndBeforeWindowsArePainted) {
     EXPECT_EQ(widget.log, "second, first, ");
 }
 
+TEST(QtRunLoop, EndsTurnsInsideOfLoopsThatACallRuns) {
+    QtRunLoop loop;
+    std::string log;
+    loop.post([&] {
+        QEventLoop question;
+        QTimer::singleShot(3000, &question, &QEventLoop::quit);  // or it would wait for ever
+        QTimer::singleShot(0, &question, [&] {
+            loop.callAtEndOfTurn([&] {
+                log += "end of an event, ";
+                if (log == "end of an event, ") question.quit();
+            });
+        });
+        question.exec();
+        log += "answered, ";
+    });
+    processEvents();
+    EXPECT_EQ(log, "end of an event, answered, ");
+}
+
 TEST(QtRunLoop, ForgetsItsCallsWhenItGoes) {
     const auto held = std::make_shared<int>();
     {

@@ -1,6 +1,7 @@
 // Hosts where lines begin at the right.
 
 #include "corvane/platform/Locale.h"
+#include "corvane/qt/DragOut.h"
 #include "corvane/qt/Menus.h"
 #include "corvane/views/Label.h"
 #include "corvane/views/Menu.h"
@@ -85,6 +86,17 @@ TEST_F(RightToLeftTest, ScrollersAreAtTheLeft) {
     mouse(QEvent::MouseButtonPress, {5, 10});
     mouse(QEvent::MouseMove, {5, 40});
     EXPECT_GT(scrollView->documentVisibleRect().y, 100);
+}
+
+TEST_F(RightToLeftTest, DragsShowWhereTextsBegin) {
+    const auto label = std::make_shared<views::Label>("Milk");
+    label->setFrame({0, 0, 900, 30});
+    const QImage picture = pictureOf(*label, 1, platform::Appearance::Light).toImage();
+    int ink = 0;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = picture.width() - 60; x < picture.width(); ++x)
+            ink += picture.pixelColor(x, y).alpha();
+    EXPECT_GT(ink, 0);
 }
 
 TEST_F(RightToLeftTest, MenusAreLaidOutFromTheRight) {
