@@ -3,12 +3,9 @@
 #include "corvane/qt/QtPopOvers.h"
 #include "corvane/qt/QtRunLoop.h"
 #include "corvane/qt/QtTextMeasurer.h"
-#include "corvane/vocabulary/HGCorvaneStyleCollection.h"
 
 #include "apps/gallery/GalleryWindow.h"
-#include "apps/gallery/Resources.h"
-#include "apps/gallery/Texts.h"
-#include "apps/gallery/Tools.h"
+#include "apps/gallery/Surroundings.h"
 
 #include "FirstPaint.h"
 
@@ -20,10 +17,7 @@ int main(int argc, char** argv) {
     const platform::ScopedMainRunLoop loopScope(loop);
     qt::QtTextMeasurer measurer;
     const views::ScopedTextMeasurer measurerScope(measurer);
-    gallery::addTexts();
-    const gallery::Resources resources;
-    EXStyleCollection::setDefaultCollection(std::make_shared<HGCorvaneStyleCollection>());
-    gallery::registerTools();
+    const gallery::Surroundings surroundings;
     qt::QtPopOvers popOvers;
     const ScopedPopOverPresenter popOverScope(popOvers);
     gallery::GalleryWindow window;

@@ -11,14 +11,13 @@
 #include "corvane/qt/QtPopOvers.h"
 #include "corvane/qt/QtRunLoop.h"
 #include "corvane/qt/QtTextMeasurer.h"
-#include "corvane/vocabulary/HGCorvaneStyleCollection.h"
 
+#include "apps/ExitCodes.h"
 #include "apps/gallery/GalleryWindow.h"
 #include "apps/gallery/Pictures.h"
-#include "apps/gallery/Resources.h"
 #include "apps/gallery/StateReport.h"
+#include "apps/gallery/Surroundings.h"
 #include "apps/gallery/TaskTable.h"
-#include "apps/gallery/Texts.h"
 #include "apps/gallery/Tools.h"
 
 #include <CLI/CLI.hpp>
@@ -38,10 +37,6 @@
 namespace corvane::gallery {
 
 namespace {
-
-constexpr int kDone = 0;
-constexpr int kFailed = 1;
-constexpr int kWrongUsage = 2;
 
 /// What the command line says; empty for what it does not.
 struct Arguments {
@@ -162,11 +157,7 @@ int run(const Arguments& arguments) {
             return kFailed;
         }
     }
-    addTexts();
-    nameDays();
-    const Resources resources;
-    EXStyleCollection::setDefaultCollection(std::make_shared<HGCorvaneStyleCollection>());
-    registerTools(published);
+    const Surroundings surroundings(published);
     if (!isPage(arguments.page)) return kWrongUsage;
     if (!arguments.needsNoDisplay()) return showWindow(arguments);
     return writeFiles(arguments) ? kDone : kFailed;
@@ -195,7 +186,7 @@ int main(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) return app.exit(error);
         std::fprintf(stderr, "corvane-gallery: %s\n", error.what());
-        return gallery::kWrongUsage;
+        return kWrongUsage;
     }
     // What goes into files must look the same with and without a display.
     if (arguments.needsNoDisplay()) ::setenv("QT_QPA_PLATFORM", "offscreen", 1);

@@ -9,11 +9,9 @@
 #include "corvane/qt/QtRunLoop.h"
 #include "corvane/qt/QtTextMeasurer.h"
 #include "corvane/qt/ViewAccessibility.h"
-#include "corvane/vocabulary/HGCorvaneStyleCollection.h"
 
 #include "apps/gallery/GalleryWindow.h"
-#include "apps/gallery/Resources.h"
-#include "apps/gallery/Texts.h"
+#include "apps/gallery/Surroundings.h"
 #include "apps/gallery/Tools.h"
 
 #include "tests/hammer/Hammer.h"
@@ -173,10 +171,7 @@ int main(int argc, char** argv) {
     const views::ScopedTextMeasurer measurerScope(measurer);
     CuriousListener listener;
     const qt::ScopedAccessibilityListener listenerScope(listener);
-    gallery::addTexts();
-    const gallery::Resources resources;
-    EXStyleCollection::setDefaultCollection(std::make_shared<HGCorvaneStyleCollection>());
-    gallery::registerTools();
+    const gallery::Surroundings surroundings;
     qt::QtPopOvers popOvers;
     const ScopedPopOverPresenter popOverScope(popOvers);
 
