@@ -37,7 +37,8 @@ class Conversion {
         if (task_.repeat() != 0) lose("its repeat");
         if (task_.contributorName())
             lose(fmt::format("the contributor {}", *task_.contributorName()));
-        if (auto count = task_.attachmentProxiesCount()) lose(fmt::format("{} attachments", count));
+        if (const auto count = task_.attachmentProxiesCount())
+            lose(fmt::format("{} {}", count, count == 1 ? "attachment" : "attachments"));
         return std::move(result_);
     }
 

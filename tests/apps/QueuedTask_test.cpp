@@ -23,7 +23,7 @@ TEST(QueuedTask, BecomesALineThatReadsBackAndTellsWhatIsLost) {
         {[](Task& task) { task.setStatus(7); }, "a", {"the status Canceled"}},
         {[](Task& task) { task.setRepeat(1); }, "a", {"its repeat"}},
         {[](Task& task) { task.setAttachmentProxies({{std::make_shared<HGAttachmentProxy>()}}); },
-         "a", {"1 attachments"}},
+         "a", {"1 attachment"}},
     };
     // clang-format on
     for (const auto& c : cases) {
