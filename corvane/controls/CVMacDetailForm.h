@@ -28,9 +28,9 @@ struct DetailFormRow;
 /// std::make_shared.
 ///
 /// Codes of editors: 1 is a line of text, 2 several lines, 6 a line that shows no letters; 4 is a
-/// day, 10 a day and a time of day. Beside codes above the last there is only the label. A number in a
-/// line of text is shown as it is typed in the locale, and what is typed comes back as text, which
-/// platform::plainNumber reads.
+/// day, 10 a day and a time of day. Beside codes above the last there is only the label. A number
+/// in a line of text is shown as it is typed in the locale, and what is typed comes back as text,
+/// which platform::plainNumber reads.
 class CVMacDetailForm final : public views::CompoundView,
                               public CVDetail,
                               public views::TextFieldDelegate {

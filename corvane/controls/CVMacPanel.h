@@ -16,7 +16,8 @@ class Window;
 
 /// Stays within the window; in one that is too small for it, with its button. Escape and the button
 /// close it; the focus then returns to where it was when the panel was shown. As a part of the
-/// window it can be reached by keys (Window::selectNextPart). Made by std::make_shared; the window holds it while it is shown.
+/// window it can be reached by keys (Window::selectNextPart). Made by std::make_shared; the window
+/// holds it while it is shown.
 class CVMacPanel final : public views::LayoutableView {
   public:
     /// Null shows an empty panel.

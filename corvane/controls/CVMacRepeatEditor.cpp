@@ -59,8 +59,9 @@ std::optional<std::int64_t> numberFromText(std::string_view text) {
     std::int64_t number = 0;
     const char* const end = plain->data() + plain->size();
     const auto [stop, problem] = std::from_chars(plain->data(), end, number);
-    // A number that is too great for any type is a great one too.
-    if (problem == std::errc::result_out_of_range) return CVMacRepeatEditor::kLongestInterval;
+    // A number that is too great for any type is a great one too, or one far below 0.
+    if (problem == std::errc::result_out_of_range)
+        return plain->starts_with('-') ? 0 : CVMacRepeatEditor::kLongestInterval;
     return problem == std::errc() && stop == end ? std::optional(number) : std::nullopt;
 }
 

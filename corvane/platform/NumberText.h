@@ -27,8 +27,8 @@ std::string percentText(int percent, const Locale& locale = currentLocale());
 std::string typedNumberText(std::string_view plain, const Locale& locale = currentLocale());
 
 /// None for what is no number. Digits may be those of any script, and groups are passed over where
-/// the locale would make them. A point may stand for the decimal separator, unless the locale groups
-/// with points and this one stands where it would.
+/// the locale would make them. A point may stand for the decimal separator, unless the locale
+/// groups with points and this one stands where it would.
 ///   plainNumber("1.234", Locale("de_DE"))   is "1234"
 ///   plainNumber("1.5", Locale("de_DE"))     is "1.5", as is that of "1,5"
 std::optional<std::string> plainNumber(std::string_view text,

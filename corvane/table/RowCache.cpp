@@ -43,8 +43,7 @@ void closeGaps(Vector& rows, std::span<const RowCache::Run> runs, const Taker& t
     for (std::size_t i = 0; i < runs.size(); ++i) {
         const auto end = runs[i].first.item + runs[i].count;
         std::for_each(at(rows, runs[i].first.item), at(rows, end), take);
-        const auto next =
-            i + 1 < runs.size() ? at(rows, runs[i + 1].first.item) : rows.end();
+        const auto next = i + 1 < runs.size() ? at(rows, runs[i + 1].first.item) : rows.end();
         to = std::move(at(rows, end), next, to);
     }
     rows.erase(to, rows.end());
@@ -162,8 +161,7 @@ std::vector<RowCache::CellPtr> RowCache::removeRuns(const std::vector<Run>& runs
     Runs present;
     for (const Run& run : runs) {
         if (!contains(run.first) || run.count <= 0) continue;
-        const bool isFirst =
-            present.empty() || present.back().first.section != run.first.section;
+        const bool isFirst = present.empty() || present.back().first.section != run.first.section;
         if (!isFirst && run.first.item < present.back().first.item + present.back().count) continue;
         const Index rest = rowCount(run.first.section) - run.first.item;
         present.push_back({run.first, std::min(run.count, rest)});

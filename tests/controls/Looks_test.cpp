@@ -88,9 +88,9 @@ TEST_F(LooksTest, anyTextCanBeReadOnAnyGroundOfATheme) {
                 &views::Theme::pressedBackground, &views::Theme::selection,
                 &views::Theme::inactiveSelection};
             const auto expect = [&](Member front, Member ground) {
-                EXPECT_GE(contrastBetween((theme.*front).in(appearance),
-                                          (theme.*ground).in(appearance)),
-                          4.5);
+                EXPECT_GE(
+                    contrastBetween((theme.*front).in(appearance), (theme.*ground).in(appearance)),
+                    4.5);
             };
             for (const auto ground : grounds)
                 for (const Member front : {&views::Theme::text, &views::Theme::secondaryText,

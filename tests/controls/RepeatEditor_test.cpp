@@ -130,16 +130,18 @@ TEST_F(Repeats, AreEditedPerFrequency) {
     const struct {
         const char* text;
         const char* shown;
-    } cases[] = {{"12", "12"},  {"٣", "3"}, {"x", "3"},  {"", "3"},
-                 {"3", "3"},    {"0", "1"}, {"-5", "1"}, {"99999999999999999999", "999"},
-                 {"1.5", "999"}};
+    } cases[] = {{"12", "12"},   {"٣", "3"},
+                 {"x", "3"},     {"", "3"},
+                 {"3", "3"},     {"0", "1"},
+                 {"-5", "1"},    {"99999999999999999999", "999"},
+                 {"1.5", "999"}, {"-99999999999999999999", "1"}};
     for (const auto& [text, shown] : cases) {
         window.makeFirstResponder(editor->intervalField());
         window.fieldEditor().setText(text);
         key(views::kKeyTab);
         EXPECT_EQ(editor->intervalField()->stringValue(), shown) << text;
     }
-    EXPECT_EQ(told, "1/4/3 1/5/3 1/4/3 1/12/3 1/3/3 1/1/3 1/999/3 ");
+    EXPECT_EQ(told, "1/4/3 1/5/3 1/4/3 1/12/3 1/3/3 1/1/3 1/999/3 1/1/3 ");
     EXPECT_TRUE(window.firstResponder() == editor->occurrenceChooser());
     told.clear();
     window.makeFirstResponder(editor->intervalField());

@@ -294,6 +294,10 @@ TEST_F(Sheets, KeysGoFromTheWindowToItsPanelsAndBack) {
     key(views::kKeyF6, views::kModifierShift);
     EXPECT_TRUE(hasFocus(content->last));
     EXPECT_FALSE(window.keyDown(KeyEvent(views::kKeyF6)));
+    window.setContentView(std::make_shared<views::TextField>());
+    panel->showInWindow(window);
+    key(views::kKeyF6);
+    EXPECT_EQ(window.firstResponder(), window.contentView()) << "the whole content is one field";
 }
 
 TEST_F(Sheets, PanelsKeepTheirButtonInAWindowThatIsTooSmall) {

@@ -1,7 +1,8 @@
 // Rows put in and taken out many at once, against lists that take them one at a time.
 
-#include "corvane/table/CVMacTableViewCell.h"
 #include "corvane/table/RowCache.h"
+
+#include "corvane/table/CVMacTableViewCell.h"
 
 #include <gtest/gtest.h>
 
