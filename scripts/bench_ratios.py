@@ -39,7 +39,8 @@ LEAST_RATIOS = {("fileToRecords", "fileToTreeOfLibplist"): 5,
                 ("tableRemove", "delegateListRemove"): 1, ("tableMove", "delegateListMove"): 1,
                 ("tableFilter", "delegateListFilter"): 1,
                 ("galleryStart", "bareWindowStart"): 0.66}
-MOST_GROWTH = {"tableShow": 7, "tableWheel": 1.3, "fileToRecords": 12, "recordsToFile": 12}
+MOST_GROWTH = {"tableShow": 7, "tableWheel": 1.3,
+               ("fileToRecords", 100_000): 12, ("recordsToFile", 100_000): 12}
 MOST_MILLISECONDS = {"tableRangeLogic": 1, "tableExtendLogic": 1, "fieldTyping": 1}
 MOST_BYTES = {"tableHeap": 1024}
 
@@ -114,7 +115,7 @@ def main():
         if smaller:
             growth = time / found[name, smaller][0]
             line += f"; {growth:.1f} times the time of {smaller}"
-            line += promise(growth, most=MOST_GROWTH.get(name))
+            line += promise(growth, most=MOST_GROWTH.get((name, size), MOST_GROWTH.get(name)))
         print(line)
 
 
