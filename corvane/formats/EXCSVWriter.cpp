@@ -45,10 +45,8 @@ struct Field {
 
 /// Texts may lie anywhere in memory, from where they take longer than the writing itself.
 void fetch(std::string_view text) {
-    constexpr std::size_t kLine = 64;
-    constexpr std::size_t kMost = 4 * kLine;  // from there on the processor sees it coming
-    for (std::size_t at = 0; at < std::min(text.size(), kMost); at += kLine)
-        platform::prefetch(text.data() + at);
+    constexpr std::size_t kMost = 256;  // from there on the processor sees it coming
+    platform::prefetch(text.data(), std::min(text.size(), kMost));
 }
 
 void read(Field& field, const EXKeyValueRows& rows, std::size_t index, std::string_view key) {

@@ -53,7 +53,7 @@ class ArchiverLookAhead {
 
     template <class T>
     void fetchItem(const std::shared_ptr<T>& object) const {
-        if (object) fetchMemory(object.get(), sizeof(T));
+        if (object) prefetch(object.get(), sizeof(T));
     }
     template <class T>
     void fetchContent(const std::shared_ptr<T>& object) const {
@@ -94,13 +94,7 @@ class ArchiverLookAhead {
 
     static void fetchText(const SharedText& text) {
         constexpr std::size_t kMost = 192;  // its size is not known before it has come
-        if (!text.isAbsent()) fetchMemory(text.identity(), kMost);
-    }
-
-    static void fetchMemory(const void* start, std::size_t size) {
-        constexpr std::size_t kLine = 64;
-        for (std::size_t at = 0; at < size; at += kLine)
-            prefetch(static_cast<const char*>(start) + at);
+        if (!text.isAbsent()) prefetch(text.identity(), kMost);
     }
 
     const AddressTable& objects_;
