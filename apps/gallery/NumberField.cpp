@@ -1,6 +1,6 @@
 #include "apps/gallery/NumberField.h"
 
-#include "corvane/platform/NumberText.h"
+#include "corvane/platform/TypedNumber.h"
 #include "corvane/views/Command.h"
 #include "corvane/views/Event.h"
 
@@ -12,13 +12,13 @@ namespace corvane::gallery {
 
 NumberField::NumberField(int value, int least, int greatest, std::function<void(int)> didChange)
     : value_(value), least_(least), greatest_(greatest), didChange_(std::move(didChange)) {
-    setStringValue(platform::typedNumberText(std::to_string(value)));
+    setStringValue(platform::typedNumberText(std::int64_t{value}));
 }
 
 void NumberField::change(int value) {
     value = std::clamp(value, least_, greatest_);
     const bool isOther = value != std::exchange(value_, value);
-    setStringValue(platform::typedNumberText(std::to_string(value)));
+    setStringValue(platform::typedNumberText(std::int64_t{value}));
     if (isOther && didChange_) didChange_(value);
 }
 

@@ -2,7 +2,7 @@
 
 #include "corvane/controls/CVMacBitmaskChooser.h"
 #include "corvane/controls/CVMacSegmentedChoice.h"
-#include "corvane/platform/NumberText.h"
+#include "corvane/platform/TypedNumber.h"
 #include "corvane/views/Command.h"
 #include "corvane/views/Label.h"
 #include "corvane/views/Mirroring.h"
@@ -46,10 +46,6 @@ constexpr std::array<UnitKeys, 4> kUnitKeys{{{"RepeatDay", "RepeatDays"},
 std::int64_t knownBits(std::int16_t frequency) {
     constexpr std::array<int, 4> kCounts{0, 7, 31, 12};
     return (std::int64_t{1} << kCounts[static_cast<std::size_t>(frequency)]) - 1;
-}
-
-std::string textOfNumber(std::int64_t number) {
-    return platform::typedNumberText(std::to_string(number));
 }
 
 /// None for what is no whole number.
@@ -160,7 +156,7 @@ void CVMacRepeatEditor::setInterval(std::int64_t interval) {
     interval = std::clamp<std::int64_t>(interval, 1, std::max(kLongestInterval, storedInterval()));
     const bool changes = interval != storedInterval();
     store(interval, factory_.occurrencesForFrequency(frequency_));
-    interval_->setStringValue(textOfNumber(interval));
+    interval_->setStringValue(platform::typedNumberText(interval));
     showUnit(interval);
     if (changes) tellOfChange();
 }
@@ -217,7 +213,7 @@ void CVMacRepeatEditor::setEnabled(bool enabled) {
 
 void CVMacRepeatEditor::showFrequency() {
     const auto interval = storedInterval();
-    interval_->setStringValue(textOfNumber(interval));
+    interval_->setStringValue(platform::typedNumberText(interval));
     showUnit(interval);
     const bool isYearly = frequency_ == HGCustomRepeat::kYearly;
     if (frequency_ == HGCustomRepeat::kWeekly) {

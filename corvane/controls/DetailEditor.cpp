@@ -8,7 +8,7 @@
 #include "corvane/controls/DayAndTimeField.h"
 #include "corvane/controls/OutputDateFormatter.h"
 #include "corvane/dates/EXCalendar.h"
-#include "corvane/platform/NumberText.h"
+#include "corvane/platform/TypedNumber.h"
 #include "corvane/views/Label.h"
 #include "corvane/views/TextMeasurer.h"
 #include "corvane/views/TextView.h"
@@ -284,9 +284,9 @@ std::string textOfValue(const EXValue& value) {
         case Kind::Boolean:
             return EXLocalizable::localize(value.booleanValue() ? "Yes" : "No");
         case Kind::Integer:
-            return platform::typedNumberText(value.largeInteger()
-                                                 ? fmt::format("{}", value.unsignedValue())
-                                                 : fmt::format("{}", value.integerValue()));
+            return value.largeInteger()
+                       ? platform::typedNumberText(fmt::format("{}", value.unsignedValue()))
+                       : platform::typedNumberText(value.integerValue());
         case Kind::Real:
             return platform::typedNumberText(fmt::format("{}", value.realValue()));
         case Kind::Text:

@@ -2,7 +2,7 @@
 
 #include "corvane/controls/CVMacDetailForm.h"
 #include "corvane/models/CVDetail.h"
-#include "corvane/platform/NumberText.h"
+#include "corvane/platform/TypedNumber.h"
 #include "corvane/views/EXMacAlertController.h"
 #include "corvane/views/TextMeasurer.h"
 #include "corvane/views/Window.h"

@@ -1,5 +1,7 @@
 // Numbers in fields: shown, read back, and typed in all the ways that people have.
 
+#include "corvane/platform/TypedNumber.h"
+
 #include "corvane/platform/NumberText.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +13,7 @@
 
 using namespace corvane::platform;
 
-TEST(NumberText, IsReadAsItIsShown) {
+TEST(TypedNumber, IsReadAsItIsShown) {
     std::vector<std::string> numbers{"0",        "-1",     "1000",   "-1234.5",
                                      "0.001",    "1e-07",  "-2e+16", "1.7976931348623157e+308",
                                      "1234.567", "98765.4"};
@@ -39,7 +41,7 @@ TEST(NumberText, IsReadAsItIsShown) {
     }
 }
 
-TEST(NumberText, IsShownAndTypedAsTheLocaleHasIt) {
+TEST(TypedNumber, IsShownAndTypedAsTheLocaleHasIt) {
     EXPECT_EQ(typedNumberText("-1234.5", Locale("de_DE")), "-1234,5");
     EXPECT_EQ(typedNumberText("1234.5", Locale("ar_EG")), "١٢٣٤٫٥");
     EXPECT_EQ(typedNumberText("inf", Locale("fa_IR")), "inf");
