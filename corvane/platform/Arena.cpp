@@ -6,35 +6,47 @@ namespace corvane::platform {
 
 namespace {
 
-// Below the size from which allocators fetch fresh pages from the system for every block.
-constexpr std::size_t kSmallChunk = 64 * 1024;
+constexpr std::size_t kFirstChunk = 4096;
 
 }  // namespace
 
 void* Arena::allocate(std::size_t size, std::size_t alignment) {
+    hold();
     void* place = free_;
-    if (!free_ || !std::align(alignment, size, place, room_)) {
-        // A piece that would waste most of a chunk gets one of its own.
-        if (size > nextChunkSize_ / 4) {
-            place = newChunk(size);
-            hold();
-            return place;
-        }
-        free_ = newChunk(nextChunkSize_);
-        room_ = nextChunkSize_;
-        nextChunkSize_ =
-            size_ < 2 * kLargeBlock ? std::min(2 * nextChunkSize_, kSmallChunk) : kLargeBlock;
+    if (!std::align(alignment, size, place, room_)) {
+        if (size > kUnit - kHeader) return beginUnit(newChunk(kHeader + size));
+        beginUnitFor(size);
         place = free_;
     }
     free_ = static_cast<std::byte*>(place) + size;
     room_ -= size;
-    hold();
     return place;
+}
+
+void Arena::beginUnitFor(std::size_t size) {
+    if (chunkRoom_ == 0) {
+        // As much again as there is, up to a unit: allocators fetch fresh pages from the system for
+        // every block that is larger. From some megabytes on, large blocks are worth that.
+        chunkRoom_ = size_ < 2 * kLargeBlock ? std::clamp(size_, kFirstChunk, kUnit) : kLargeBlock;
+        chunkRoom_ = std::max(chunkRoom_, kHeader + size);
+        nextUnit_ = newChunk(chunkRoom_);
+    }
+    const std::size_t unit = std::min(chunkRoom_, kUnit);
+    free_ = beginUnit(nextUnit_);
+    room_ = unit - kHeader;
+    nextUnit_ += unit;
+    chunkRoom_ -= unit;
+}
+
+// What comes behind the header.
+std::byte* Arena::beginUnit(std::byte* unit) {
+    new (unit) Arena*(this);
+    return unit + kHeader;
 }
 
 std::byte* Arena::newChunk(std::size_t size) {
     // Not value-initialised: whoever gets a piece constructs an object in it.
-    chunks_.push_back(makeBlock<std::byte>(size));
+    chunks_.push_back(makeBlock<std::byte>(size, kUnit));
     size_ += size;
     return chunks_.back().get();
 }

@@ -41,12 +41,10 @@ KeyedUnarchiver::KeyedUnarchiver(PropertyListReader reader, std::size_t fileSize
                                  const ArchiveClasses& classes)
     : reader_(reader), classes_(classes), budget_(kBudgetPerByte * fileSize + kBudgetBase) {}
 
-// What the values and texts refer to has left the processor's cache, and is fetched ahead again.
+// What the values refer to has left the processor's cache, and is fetched ahead again.
 KeyedUnarchiver::~KeyedUnarchiver() {
     for (; !values_.empty(); values_.pop_front())
-        if (values_.size() > kLookAhead) values_[kLookAhead].prefetchContent();
-    for (; !texts_.empty(); texts_.pop_front())
-        if (texts_.size() > kLookAhead) prefetch(texts_[kLookAhead].identity());
+        if (values_.size() > kLookAhead) values_[kLookAhead].prefetchRecord();
 }
 
 Value KeyedUnarchiver::unarchiveData(std::span<const std::byte> data,

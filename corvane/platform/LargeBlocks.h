@@ -11,9 +11,10 @@ namespace corvane::platform {
 /// From this size on. It is that of a huge page where most desktops run; elsewhere an alignment.
 inline constexpr std::size_t kLargeBlock = std::size_t{2} << 20;
 
-/// Uninitialised memory of at least `size` bytes, aligned for any object. Throws std::bad_alloc
-/// where there is none. Any thread may release it.
-void* allocateBlock(std::size_t size);
+/// Uninitialised memory of at least `size` bytes, aligned for any object, and as asked for: to a
+/// power of 2 that is no larger than kLargeBlock. Throws std::bad_alloc where there is none. Any
+/// thread may release it.
+void* allocateBlock(std::size_t size, std::size_t alignment = alignof(std::max_align_t));
 void releaseBlock(void* block) noexcept;
 
 struct BlockRelease {
@@ -25,8 +26,8 @@ using Block = std::unique_ptr<T[], BlockRelease>;
 
 /// REQUIRES: a T that needs neither construction nor destruction.
 template <class T>
-Block<T> makeBlock(std::size_t count) {
-    return Block<T>(static_cast<T*>(allocateBlock(count * sizeof(T))));
+Block<T> makeBlock(std::size_t count, std::size_t alignment = alignof(std::max_align_t)) {
+    return Block<T>(static_cast<T*>(allocateBlock(count * sizeof(T), alignment)));
 }
 
 /// For standard containers.

@@ -1,7 +1,5 @@
 #include "corvane/platform/SharedText.h"
 
-#include "corvane/platform/Arena.h"
-
 #include <cstring>
 #include <new>
 
@@ -9,16 +7,21 @@ namespace corvane::platform {
 
 SharedText::SharedText(std::optional<std::string_view> text, Arena* arena) {
     if (!text) return;
-    const std::size_t size = sizeof(Buffer) + text->size();
-    void* place = arena ? arena->allocate(size, alignof(Buffer)) : ::operator new(size);
-    buffer_ = new (place) Buffer{{}, text->size(), arena};
-    if (!text->empty()) std::memcpy(buffer_->characters(), text->data(), text->size());
+    const std::size_t size = text->size();
+    Buffer* buffer = nullptr;
+    if (arena)
+        buffer = new (arena->allocate(sizeof(Buffer) + size, alignof(Buffer))) Buffer{size};
+    else
+        buffer =
+            &(new (::operator new(sizeof(CountedBuffer) + size)) CountedBuffer{{}, {size}})->buffer;
+    if (size > 0) std::memcpy(buffer->characters(), text->data(), size);
+    bits_ = reinterpret_cast<std::uintptr_t>(buffer) | (arena ? kInArena : 0);
 }
 
 void SharedText::destroy() {
-    Arena* arena = buffer_->arena;
-    buffer_->~Buffer();
-    arena ? arena->release() : ::operator delete(buffer_);
+    CountedBuffer* buffer = counted();
+    buffer->~CountedBuffer();
+    ::operator delete(buffer);
 }
 
 }  // namespace corvane::platform

@@ -135,18 +135,24 @@ class Value {
     const ValueMap* map() const { return content<ValueMap>(); }
     std::shared_ptr<Archivable> object() const;
 
-    /// Says that the record, URL or text, if there is one, will be looked at, copied or released
-    /// soon.
+    /// Says that the record, if there is one, will be looked at, copied or released soon.
+    void prefetchRecord() const {
+        auto* object = std::get_if<std::shared_ptr<Archivable>>(&box_);
+        if (!object) return;
+        // Its count lies in front of it, where it was made with its count.
+        const auto* record = reinterpret_cast<const char*>(object->get());
+        platform::prefetch(record - 2 * sizeof(void*));
+        platform::prefetch(record);
+    }
+
+    /// Says that the record, URL or text, if there is one, will be looked at soon.
     void prefetchContent() const {
-        if (auto* object = std::get_if<std::shared_ptr<Archivable>>(&box_)) {
-            // Its count lies in front of it, where it was made with its count.
-            const auto* record = reinterpret_cast<const char*>(object->get());
-            platform::prefetch(record - 2 * sizeof(void*));
-            platform::prefetch(record);
-        } else if (auto* url = std::get_if<URL>(&box_)) {
+        if (auto* url = std::get_if<URL>(&box_)) {
             platform::prefetch(url->sharedText().identity());
         } else if (auto* text = std::get_if<SharedText>(&box_)) {
             platform::prefetch(text->identity());
+        } else {
+            prefetchRecord();
         }
     }
 
