@@ -8,9 +8,8 @@
 #include "corvane/platform/URL.h"
 #include "corvane/platform/Value.h"
 
-#include <algorithm>
+#include <array>
 #include <cstddef>
-#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -27,22 +26,29 @@ class ArchiverLookAhead {
     /// Calls `use` with each element of a list or map, in order.
     template <class Container, class Use>
     void forEach(const Container& container, Use use) const {
-        const auto end = container.end();
-        const auto ahead = [&](std::ptrdiff_t steps) {
-            return std::next(container.begin(), std::min(std::ssize(container), steps));
+        std::array<decltype(&*container.begin()), kFar> window;  // stepping through maps is slow
+        std::size_t entered = 0;
+        auto next = container.begin();
+        const auto enter = [&] {
+            if (next == container.end()) return;
+            window[entered++ % kFar] = &*next;
+            fetchItem(*next++);
         };
-        auto far = ahead(8);
-        auto halfway = ahead(5);
-        auto near = ahead(3);
-        for (const auto& item : container) {
-            if (far != end) fetchItem(*far++);
-            if (halfway != end) fetchContent(*halfway++);
-            if (near != end) fetchPlaces(*near++);
-            use(item);
+        while (entered < kFar && next != container.end())
+            enter();
+        for (std::size_t i = 0; i < entered; ++i) {
+            if (i + kHalfway < entered) fetchContent(*window[(i + kHalfway) % kFar]);
+            if (i + kNear < entered) fetchPlaces(*window[(i + kNear) % kFar]);
+            use(*window[i % kFar]);
+            enter();
         }
     }
 
   private:
+    static constexpr std::size_t kFar = 8;
+    static constexpr std::size_t kHalfway = 5;
+    static constexpr std::size_t kNear = 3;
+
     void fetchItem(const Value&) const {}
     void fetchContent(const Value&) const {}
     void fetchPlaces(const Value&) const {}

@@ -7,15 +7,20 @@
 #include "corvane/platform/LargeBlocks.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 
 namespace corvane::platform {
 
 class OutputBuffer {
   public:
+    /// At most so many bytes are moved at once.
+    static constexpr std::size_t kShort = 16;
+
     explicit OutputBuffer(ByteSink& sink)
-        : sink_(sink), buffer_(makeBlock<std::uint8_t>(kSize + kWord)), at_(buffer_.get()) {}
+        : sink_(sink), buffer_(makeBlock<std::uint8_t>(kSize + kShort)), at_(buffer_.get()) {}
 
     /// How many bytes were put so far.
     std::uint64_t position() const {
@@ -30,6 +35,13 @@ class OutputBuffer {
             flush();
         }
         at_ = std::copy(bytes.begin(), bytes.end(), at_);
+    }
+
+    /// REQUIRES: size <= kShort, and kShort readable bytes.
+    void putShort(const std::uint8_t* bytes, std::size_t size) {
+        if (room() < size) flush();
+        std::memcpy(at_, bytes, kShort);
+        at_ += size;
     }
 
     /// The low `size` bytes, the highest first. REQUIRES: 1 <= size <= 8.
@@ -51,8 +63,6 @@ class OutputBuffer {
   private:
     // Small enough to stay in the processor's cache, large enough to make system calls rare.
     static constexpr std::size_t kSize = 64 * 1024;
-    // Behind the end, for numbers that are stored as whole words.
-    static constexpr std::size_t kWord = 8;
 
     std::size_t room() const { return kSize - static_cast<std::size_t>(at_ - buffer_.get()); }
 

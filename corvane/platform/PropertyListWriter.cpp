@@ -22,6 +22,10 @@ constexpr Ref kFalseRef = 0;
 constexpr Ref kTrueRef = 1;
 constexpr std::size_t kFirstTextSlots = 256;
 constexpr std::size_t kSmallChunk = 64 * 1024;
+// Behind the end of each chunk, so that short objects are moved as whole words.
+constexpr std::size_t kSlack = OutputBuffer::kShort;
+// From this size on the table of texts leaves the faster part of the processor's cache.
+constexpr std::size_t kLargeTable = 256 * 1024;
 
 // Sizes of integers in the format: 1, 2 or 4 bytes unsigned, else 8 signed.
 unsigned integerSize(std::uint64_t number) {
@@ -106,7 +110,8 @@ Extent extentOf(const std::uint8_t* object) {
 // The object as it stands in the file, with its references in `refSize` bytes.
 void putObject(const std::uint8_t* object, OutputBuffer& output, unsigned refSize) {
     const Extent extent = extentOf(object);
-    output.put({object, extent.prefix + extent.bytes});
+    const std::size_t size = extent.prefix + extent.bytes;
+    size <= OutputBuffer::kShort ? output.putShort(object, size) : output.put({object, size});
     object += extent.prefix;
     for (std::size_t i = 0; i < extent.refs; ++i, object += sizeof(Ref)) {
         Ref ref;
@@ -128,8 +133,9 @@ PropertyListWriter::PropertyListWriter() : texts_(kFirstTextSlots) {
 // Begins an object, which must be put in full before the next one begins.
 Ref PropertyListWriter::append(std::size_t size) {
     if (size > room_) {
-        room_ = std::max(size, chunkSizeAfter(byteCount_));
-        chunks_.push_back(makeBlock<std::uint8_t>(room_));
+        const std::size_t chunk = std::max(size + kSlack, chunkSizeAfter(byteCount_));
+        chunks_.push_back(makeBlock<std::uint8_t>(chunk));
+        room_ = chunk - kSlack;
         free_ = chunks_.back().get();
     }
     byteCount_ += size;
@@ -146,14 +152,21 @@ void PropertyListWriter::put(std::span<const std::uint8_t> bytes) {
 
 void PropertyListWriter::putSize(std::uint8_t marker, std::uint64_t size) {
     if (size < plist::kSizeFollows) {
-        const auto object = static_cast<std::uint8_t>(marker | size);
-        return put({&object, 1});
+        *free_++ = static_cast<std::uint8_t>(marker | size);
+        --room_;
+        return;
     }
     const unsigned width = integerSize(size);
-    std::uint8_t prefix[10] = {static_cast<std::uint8_t>(marker | plist::kSizeFollows),
-                               static_cast<std::uint8_t>(plist::kInteger | log2(width))};
-    writeBigEndian(prefix + 2, size, width);
-    put({prefix, 2 + width});
+    *free_++ = static_cast<std::uint8_t>(marker | plist::kSizeFollows);
+    *free_++ = static_cast<std::uint8_t>(plist::kInteger | log2(width));
+    room_ -= 2;
+    putNumber(size, width);
+}
+
+void PropertyListWriter::putNumber(std::uint64_t number, unsigned size) {
+    writeBigEndianWide(free_, number, size);
+    free_ += size;
+    room_ -= size;
 }
 
 Ref PropertyListWriter::addBoolean(bool flag) {
@@ -162,9 +175,9 @@ Ref PropertyListWriter::addBoolean(bool flag) {
 
 Ref PropertyListWriter::appendNumber(std::uint8_t marker, std::uint64_t number, unsigned size) {
     const Ref ref = append(1 + size);
-    std::uint8_t object[9] = {marker};
-    writeBigEndian(object + 1, number, size);
-    put({object, 1 + size});
+    *free_++ = marker;
+    --room_;
+    putNumber(number, size);
     return ref;
 }
 
@@ -232,7 +245,7 @@ Ref PropertyListWriter::addText(std::string_view text) {
 
 void PropertyListWriter::prefetchText(std::string_view text) const {
     constexpr std::size_t kLongest = 512;  // more takes longer to hash than its place to come
-    if (text.size() > kLongest) return;
+    if (text.size() > kLongest || texts_.size() * sizeof(TextSlot) < kLargeTable) return;
     const std::span payload(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
     platform::prefetch(&texts_[hashOf(payload) & (texts_.size() - 1)]);
 }

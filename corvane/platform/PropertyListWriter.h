@@ -75,6 +75,7 @@ class PropertyListWriter {
     Ref appendNumber(std::uint8_t marker, std::uint64_t number, unsigned size);
     void put(std::span<const std::uint8_t> bytes);
     void putSize(std::uint8_t marker, std::uint64_t size);
+    void putNumber(std::uint64_t number, unsigned size);
     Ref addUniquePayload(std::uint8_t marker, std::uint64_t size,
                          std::span<const std::uint8_t> payload);
     bool isText(Ref ref, std::uint8_t marker, std::span<const std::uint8_t> payload) const;
