@@ -11,6 +11,7 @@
 #include <array>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace corvane::platform {
@@ -62,9 +63,9 @@ NumberSymbols::NumberSymbols(const Locale& of) : locale(of.identifier()) {
 }
 
 const NumberSymbols& NumberSymbols::of(const Locale& locale) {
-    thread_local NumberSymbols known{Locale()};
-    if (known.locale != locale.identifier()) known = NumberSymbols(locale);
-    return known;
+    thread_local std::optional<NumberSymbols> known;
+    if (!known || known->locale != locale.identifier()) known.emplace(locale);
+    return *known;
 }
 
 bool isDigits(std::string_view text) {

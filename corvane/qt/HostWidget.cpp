@@ -31,7 +31,8 @@ using views::Point;
 HostWidget::HostWidget(QWidget* parent)
     : QWidget(parent),
       editor_(*this, window_,
-              {[this] { updateActive(); }, [this](const views::KeyEvent& key) { keyDown(key); }}) {
+              {[this] { updateActive(); },
+               [this](const views::KeyEvent& key) { return keyDown(key); }}) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
     setAcceptDrops(true);
@@ -218,24 +219,29 @@ bool HostWidget::event(QEvent* event) {
 
 void HostWidget::keyPressEvent(QKeyEvent* event) {
     const auto key = keyEventOf(*event);
-    if (key.characters().empty()) return event->ignore();
-    event->accept();
-    keyDown(key);
+    // While somebody types, only what the editor has offered in vain comes from there.
+    if (key.characters().empty() || editor_.isEditing()) return event->ignore();
+    // What nobody here wants goes on to the widgets around, such as Escape to a dialog.
+    event->setAccepted(keyDown(key));
 }
 
-void HostWidget::keyDown(const views::KeyEvent& event) {
+bool HostWidget::keyDown(const views::KeyEvent& event) {
     const auto command = views::commandForKey(event);
     const bool forward = command == views::Command::InsertTab;
     const bool moves = forward || command == views::Command::InsertBacktab;
     const QPointer<HostWidget> alive(this);
     // A grid or a row of choices has a use for them; whatever has none is scrolled.
     const bool scrolls = isScrollKey(event.firstCharacter());
-    keysAreTried_ = moves || scrolls;
+    const bool endsDialogs =
+        command == views::Command::CancelOperation || command == views::Command::InsertNewline;
+    keysAreTried_ = moves || scrolls || endsDialogs;
     const bool done = window_.keyDown(event);
-    if (!alive) return;
+    if (!alive) return true;
     keysAreTried_ = false;
-    if (moves && !done) return passFocusOn(forward);
-    if (scrolls && !done) scrollByKey(window_, event.firstCharacter());
+    if (done) return true;
+    if (moves) passFocusOn(forward);
+    if (scrolls) scrollByKey(window_, event.firstCharacter());
+    return moves || scrolls;
 }
 
 void HostWidget::beep() {

@@ -72,7 +72,7 @@ class HostWidget : public QWidget, public views::WindowHost {
     void beep() override;
 
     void pressed(QMouseEvent& event, bool isDoubleClick);
-    void keyDown(const views::KeyEvent& event);
+    bool keyDown(const views::KeyEvent& event);
     void takeFocus(Qt::FocusReason reason);
     void passFocusOn(bool forward);
     void updateActive();

@@ -253,7 +253,8 @@ bool LiveEditor::keyPressed(const QKeyEvent& event) {
     if (!command) return false;
     bool done = true;
     if (!widgetDoes(*command, field->isMultiline())) {
-        calls_.keyDown(key);
+        // Escape that nobody wants is left to the widgets around, which may be a dialog.
+        done = calls_.keyDown(key) || *command != Command::CancelOperation;
     } else {
         done = window_.fieldEditor().delegateDoes(*command);
     }

@@ -27,7 +27,7 @@ class LiveEditor final : public QObject {
   public:
     struct Calls {
         std::function<void()> focusChanged;  ///< the widget has gained or lost the focus
-        std::function<void(const views::KeyEvent&)> keyDown;  ///< that the widget does not want
+        std::function<bool(const views::KeyEvent&)> keyDown;  ///< that the widget does not want
     };
 
     /// Host and window outlive it. The focus returns to the host when editing ends.

@@ -1,9 +1,11 @@
 #include "corvane/qt/Keys.h"
 #include "corvane/views/Canvas.h"
 #include "corvane/views/ScrollView.h"
+#include "corvane/views/TextField.h"
 
 #include "tests/qt/HostFixture.h"
 
+#include <QDialog>
 #include <QHelpEvent>
 #include <QScreen>
 #include <QToolTip>
@@ -89,6 +91,29 @@ TEST_F(HostWidgetTest, TranslatesKeys) {
               views::kModifierCommand | views::kModifierOption);
     EXPECT_EQ(modifierFlags(Qt::MetaModifier | Qt::ShiftModifier),
               views::kModifierControl | views::kModifierShift);
+}
+
+TEST_F(HostWidgetTest, LeavesWhatNobodyWantsToTheDialogAround) {
+    QDialog dialog;
+    host.setParent(&dialog);
+    const auto view = add({0, 0, 50, 50});
+    const auto field = add<views::TextField>({0, 60, 100, 24});
+    dialog.show();
+    dialog.activateWindow();
+    show();
+    host.viewWindow().makeFirstResponder(view);
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(dialog.isVisible()) << "the view has a use for it";
+    view->keys = false;
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(dialog.isVisible());
+
+    dialog.show();
+    show();
+    host.viewWindow().makeFirstResponder(field);
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(dialog.isVisible()) << "of the editor, too";
+    host.setParent(nullptr);
 }
 
 TEST_F(HostWidgetTest, SharesTheFocusWithOtherWidgets) {
