@@ -87,11 +87,15 @@ MonthChooserView::MonthChooserView(platform::Locale locale)
       grid_(calendar_, today_),
       titleFormatter_(platform::bestDatePattern(locale_, "yMMMM"), locale_),
       numberFormatter_("d", locale_) {
+    textSizesDidChange();
+    addSubviews();
+    showPage(today_);
+}
+
+void MonthChooserView::textSizesDidChange() {
     const auto names = weekdayHeaders(locale_);
     for (std::size_t i = 0; i < names.size(); ++i)
         weekdays_[i] = names[(i + static_cast<std::size_t>(calendar_.firstWeekday()) - 1) % 7];
-    addSubviews();
-    showPage(today_);
 }
 
 void MonthChooserView::addSubviews() {

@@ -39,6 +39,7 @@ class MonthChooserView : public ChooserView {
     void turnPage(DayMove move);
 
     views::Size preferredSizeThatFits(views::Size available) override;
+    void textSizesDidChange() final;
     void draw(views::Canvas& canvas, const views::Rect& dirty) override;
     std::string accessibilityName() const override { return title_; }
     std::string accessibilityValue() const override;

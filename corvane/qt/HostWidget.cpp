@@ -98,6 +98,7 @@ void HostWidget::updateAppearance() {
 void HostWidget::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
         updateAppearance();
+    if (event->type() == QEvent::FontChange) window_.textSizesDidChange();
     if (event->type() == QEvent::ActivationChange) updateActive();
     QWidget::changeEvent(event);
 }

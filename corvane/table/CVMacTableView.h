@@ -235,6 +235,7 @@ class CVMacTableView : public CVMacLayoutableView,
 
   protected:
     void frameDidChange(const views::Rect& before) override;
+    void textSizesDidChange() override;
     void settingDidChange(Change change) override;
     /// The scroll view around the table has another size, or other insets.
     virtual void scrollViewFrameSizeDidChange();

@@ -165,6 +165,10 @@ void CVMacTableView::scrollViewFrameSizeDidChange() {
     adjustFrameSizeToTotalWidth(width, height, scrollView);
 }
 
+void CVMacTableView::textSizesDidChange() {
+    updateAllRowHeightsWithCellWidth(currentCellWidth());
+}
+
 void CVMacTableView::frameDidChange(const views::Rect& before) {
     if (!adjustingFrame_) CVMacLayoutableView::frameDidChange(before);
 }

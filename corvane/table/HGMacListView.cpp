@@ -178,6 +178,13 @@ void HGMacListView::updateAllItemHeightsForSize(views::Size size) {
     }
 }
 
+void HGMacListView::textSizesDidChange() {
+    const double before = preferredSizeThatFits(frame().size()).height;
+    updateAllItemHeightsForSize(frame().size());
+    setNeedsApplyLayout();
+    if (preferredSizeThatFits(frame().size()).height != before) requestResizing();
+}
+
 void HGMacListView::measureForWidth(double width) {
     if (width != itemWidth_) updateAllItemHeightsForSize({width, frame().height});
 }

@@ -58,6 +58,7 @@ class HGMacListView : public CVMacLayoutableView, public HGMacListViewItemDelega
 
     void updateAllItemHeightsForSize(views::Size size);
     views::Size preferredSizeThatFits(views::Size available) override;
+    void textSizesDidChange() override;
     void applyLayout() override;
     void requestAutoResizingIfNeeded();
 

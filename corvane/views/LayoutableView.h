@@ -16,6 +16,7 @@ class LayoutableView : public View {
     void layoutIfNeeded() override;
     virtual void applyLayout() {}
     void didMoveToSuperview() override;
+    void textSizesDidChange() override { setNeedsApplyLayout(); }
 
   protected:
     void frameDidChange(const Rect& before) override;

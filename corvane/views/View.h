@@ -118,6 +118,9 @@ class View : public std::enable_shared_from_this<View> {
     virtual Size preferredSizeThatFits(Size available) { return available; }
     /// Brings positions up to date where they are put off. Drawing and hit tests do so themselves.
     virtual void layoutIfNeeded() {}
+    /// Called when texts have other sizes than before, as with a new font: for whatever was
+    /// measured or placed by them.
+    virtual void textSizesDidChange() {}
 
     bool isHidden() const { return hidden_; }
     void setHidden(bool hidden);

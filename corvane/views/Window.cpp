@@ -237,6 +237,22 @@ bool Window::keyDown(const KeyEvent& event) {
 
 // Drawing.
 
+namespace {
+
+void tellOfTextSizes(const std::shared_ptr<View>& view) {
+    view->textSizesDidChange();
+    const auto subviews = view->subviews();  // which may come and go meanwhile
+    for (const auto& subview : subviews)
+        tellOfTextSizes(subview);
+}
+
+}  // namespace
+
+void Window::textSizesDidChange() {
+    tellOfTextSizes(root_);
+    root_->setNeedsDisplay();
+}
+
 void Window::invalidate(const Rect& rect) {
     if (dirty_.isEmpty()) {
         dirty_ = rect;

@@ -74,6 +74,9 @@ class Window {
     /// What takes events and keys for itself.
     ModalViews& modalViews() { return modalViews_; }
 
+    /// Tells every view, superviews first. The host calls it when its font changes.
+    void textSizesDidChange();
+
     // Drawing.
 
     void invalidate(const Rect& rect);

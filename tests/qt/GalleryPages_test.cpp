@@ -161,3 +161,25 @@ TEST(GalleryTextsTest, HaveTheSameKeysInAllLanguages) {
     for (const auto& [key, text] : tables.at("de"))
         EXPECT_TRUE(tables.at("ar").contains(key)) << key;
 }
+
+TEST(GalleryPages, LookWithAnotherFontAsIfTheyHadBegunWithIt) {
+    const Program program("en");
+    const QFont before = QApplication::font();
+    QFont wide = before;
+    wide.setStretch(130);
+    for (const auto& page : gallery::toolIdentifiers()) {
+        program.window->showPage(page);
+        settle();
+        QApplication::setFont(wide);
+        program.window->activateWindow();
+        settle();
+        const QImage changed = program.window->grab().toImage();
+        gallery::GalleryWindow fresh;
+        fresh.showPage(page);
+        fresh.show();
+        fresh.activateWindow();
+        settle();
+        EXPECT_TRUE(changed == fresh.grab().toImage()) << page;
+        QApplication::setFont(before);
+    }
+}
