@@ -11,7 +11,12 @@ constexpr std::size_t kFirstChunk = 4096;
 }  // namespace
 
 void* Arena::allocate(std::size_t size, std::size_t alignment) {
+    void* place = placeFor(size, alignment);
     hold();
+    return place;
+}
+
+void* Arena::placeFor(std::size_t size, std::size_t alignment) {
     void* place = free_;
     if (!std::align(alignment, size, place, room_)) {
         if (size > kUnit - kHeader) return beginUnit(newChunk(kHeader + size));

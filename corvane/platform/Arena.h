@@ -46,6 +46,7 @@ class Arena {
 
     Arena() = default;
     ~Arena() = default;
+    void* placeFor(std::size_t size, std::size_t alignment);
     std::byte* newChunk(std::size_t size);
     std::byte* beginUnit(std::byte* unit);
     void beginUnitFor(std::size_t size);

@@ -220,8 +220,10 @@ bool HostWidget::event(QEvent* event) {
 
 void HostWidget::keyPressEvent(QKeyEvent* event) {
     const auto key = keyEventOf(*event);
-    // While somebody types, only what the editor has offered in vain comes from there.
-    if (key.characters().empty() || editor_.isEditing()) return event->ignore();
+    // Escape comes from the editor only after that has offered it in vain.
+    const bool wasOffered =
+        editor_.isEditing() && views::commandForKey(key) == views::Command::CancelOperation;
+    if (key.characters().empty() || wasOffered) return event->ignore();
     // What nobody here wants goes on to the widgets around, such as Escape to a dialog.
     event->setAccepted(keyDown(key));
 }

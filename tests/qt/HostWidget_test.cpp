@@ -96,8 +96,9 @@ TEST_F(HostWidgetTest, TranslatesKeys) {
 TEST_F(HostWidgetTest, LeavesWhatNobodyWantsToTheDialogAround) {
     QDialog dialog;
     host.setParent(&dialog);
-    const auto view = add({0, 0, 50, 50});
-    const auto field = add<views::TextField>({0, 60, 100, 24});
+    const auto view = add({0, 0, 150, 90});
+    const auto field = std::make_shared<views::TextField>(Rect{0, 60, 100, 24});
+    view->addSubview(field);
     dialog.show();
     dialog.activateWindow();
     show();
@@ -113,6 +114,15 @@ TEST_F(HostWidgetTest, LeavesWhatNobodyWantsToTheDialogAround) {
     host.viewWindow().makeFirstResponder(field);
     press(Qt::Key_Escape);
     EXPECT_FALSE(dialog.isVisible()) << "of the editor, too";
+    dialog.show();
+    show();
+    host.viewWindow().makeFirstResponder(field);
+    view->keys = true;
+    view->takeLog();
+    press(Qt::Key_Escape);
+    press(Qt::Key_K, "\x0b", Qt::ControlModifier);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(view->takeLog(), "key 27; key 107; ") << "neither is asked for twice";
     host.setParent(nullptr);
 }
 
