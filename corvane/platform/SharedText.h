@@ -65,6 +65,7 @@ class SharedText {
     static constexpr std::uintptr_t kInArena = 1;  // 0 in the address of every buffer
     static_assert(alignof(Buffer) > kInArena);
 
+    bool isInArena() const { return (bits_ & kInArena) != 0; }
     Buffer* buffer() const { return reinterpret_cast<Buffer*>(bits_ & ~kInArena); }
     CountedBuffer* counted() const {
         return reinterpret_cast<CountedBuffer*>(bits_ - offsetof(CountedBuffer, buffer));
@@ -73,11 +74,14 @@ class SharedText {
     // Copies of a text in an arena are counted by the arena alone, as it keeps the memory of all.
     void hold() const {
         if (isAbsent()) return;
-        bits_& kInArena ? Arena::of(buffer()).hold() : counted()->holders.increment();
+        if (isInArena())
+            Arena::of(buffer()).hold();
+        else
+            counted()->holders.increment();
     }
     void release() {
         if (isAbsent()) return;
-        if (bits_ & kInArena)
+        if (isInArena())
             Arena::of(buffer()).release();
         else if (counted()->holders.decrement())
             destroy();
